@@ -54,3 +54,14 @@ function(brevane_gtest)
   gtest_discover_tests(${T_NAME} DISCOVERY_TIMEOUT 120
     PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;SDL_AUDIODRIVER=dummy")
 endfunction()
+
+# A benchmark executable, built into build/bench/ where `make bench` finds it.
+#   brevane_bench(NAME bench_mixer SOURCES mixer_bench.cpp LIBS brevane_engine)
+function(brevane_bench)
+  cmake_parse_arguments(B "" "NAME" "SOURCES;LIBS" ${ARGN})
+  add_executable(${B_NAME} ${B_SOURCES})
+  brevane_warnings(${B_NAME})
+  target_link_libraries(${B_NAME} PRIVATE ${B_LIBS} benchmark::benchmark)
+  set_target_properties(${B_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bench")
+  target_compile_definitions(${B_NAME} PRIVATE BREVANE_TREE_DIR="${BREVANE_TREE_DIR}")
+endfunction()
