@@ -1,0 +1,26 @@
+#pragma once
+// Whole-file reads and writes for the files the program keeps.
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brevane {
+
+// Files the program keeps are small; anything larger is not one of ours.
+inline constexpr std::uintmax_t kMaxKeptFileBytes = 16u * 1024u * 1024u;
+
+// The whole content of a regular file, or nothing when it is missing, is not a
+// regular file, cannot be read or is larger than `maxBytes`.
+std::optional<std::string> readWholeFile(const std::filesystem::path& file,
+                                         std::uintmax_t maxBytes = kMaxKeptFileBytes);
+
+// Writes `content` as the whole new file: first into a temporary file beside it,
+// flushed to disk, then renamed over the old one. A crash or a full disk leaves
+// either the old file or the new one, never half of one. False on failure, with
+// the old file untouched. The folder must exist.
+bool writeFileAtomically(const std::filesystem::path& file, std::string_view content);
+
+}  // namespace brevane
