@@ -242,4 +242,13 @@ class ComboBox : public ListControl {
 
 class Label : public Control {};
 
+// A panel's own window state: shown or hidden, its caption. Panels are created
+// once and only shown or hidden; views follow this state.
+class PanelWindow : public Control {
+public:
+    PanelWindow() { setVisible(false); }
+    void show() { setVisible(true); }
+    void hide() { setVisible(false); }
+};
+
 }  // namespace brevane
