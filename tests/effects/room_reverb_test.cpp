@@ -1,0 +1,195 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "engine/effects/effects_chain.h"
+#include "measure.h"
+
+namespace brevane {
+namespace {
+
+using testing::kRate;
+
+// The reverberant part of the chain's answer to an impulse on both sides: output less the
+// direct sound, which passes unchanged.
+struct Response {
+    std::vector<double> left;
+    std::vector<double> right;
+};
+
+Response wetImpulse(const ReverbParams& p, double seconds) {
+    EffectsChain chain(kRate);
+    chain.setReverb(chain.enable(EffectKind::Reverb), p);
+    const std::vector<float> ir = testing::renderImpulse(chain, static_cast<int>(seconds * kRate));
+    Response r{testing::side(ir, 0), testing::side(ir, 1)};
+    r.left[0] -= 1.0;
+    r.right[0] -= 1.0;
+    return r;
+}
+
+class ReverbDecay : public ::testing::TestWithParam<float> {};
+
+TEST_P(ReverbDecay, Rt60FollowsDecayTime) {
+    ReverbParams p;
+    p.decayTime = GetParam();
+    const Response r = wetImpulse(p, 1.5 * p.decayTime + 0.5);
+    // Low frequencies decay in decayTime; measure an octave around 500 Hz.
+    for (const std::vector<double>* s : {&r.left, &r.right}) {
+        const double t = testing::rt60(testing::bandPass(*s, 500.0, 1.41));
+        EXPECT_NEAR(t, p.decayTime, 0.15 * p.decayTime);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(DecayTimes, ReverbDecay, ::testing::Values(0.5f, 1.49f, 5.0f));
+
+TEST(RoomReverb, BandAroundHfReferenceDecaysByDecayHfRatio) {
+    for (float ratio : {0.3f, 0.6f, 1.5f}) {
+        for (float hfReference : {2000.0f, 5000.0f}) {
+            ReverbParams p;
+            p.decayTime = 2.0f;
+            p.decayHFRatio = ratio;
+            p.hfReference = hfReference;
+            const Response r = wetImpulse(p, 2.0 * ratio * p.decayTime + 0.7);
+            // Low frequencies: three octaves below the reference.
+            const double low = testing::rt60(testing::bandPass(r.left, hfReference / 8, 1.41));
+            // A third of an octave around the reference frequency.
+            const double high = testing::rt60(testing::bandPass(r.left, hfReference, 4.32));
+            EXPECT_NEAR(high / low, ratio, 0.2 * ratio)
+                << "ratio " << ratio << " at " << hfReference << " Hz";
+        }
+    }
+}
+
+TEST(RoomReverb, FirstReflectionArrivesAtReflectionsDelay) {
+    // 0.5 s lies beyond the range and acts as its top, 0.3 s.
+    for (const auto& [asked, expected] : {std::pair{0.005f, 0.005}, std::pair{0.04f, 0.04},
+                                          std::pair{0.3f, 0.3}, std::pair{0.5f, 0.3}}) {
+        ReverbParams p;
+        p.reflectionsDelay = asked;
+        p.reflections = 0.0f;
+        const Response r = wetImpulse(p, 0.5);
+        for (const std::vector<double>* s : {&r.left, &r.right}) {
+            const int first = testing::firstAbove(*s, 1e-6);
+            EXPECT_NEAR(first / double{kRate}, expected, 0.001) << "asked " << asked;
+        }
+    }
+}
+
+TEST(RoomReverb, LateReverbStartsReverbDelayAfterTheFirstReflection) {
+    ReverbParams p;
+    p.reflections = -10000.0f;  // silent: only the late reverb is left
+    p.reflectionsDelay = 0.05f;
+    p.reverbDelay = 0.04f;
+    const Response r = wetImpulse(p, 0.5);
+    EXPECT_NEAR(testing::firstAbove(r.left, 1e-6) / double{kRate}, 0.09, 0.001);
+}
+
+TEST(RoomReverb, RoomAtMinusTenThousandLeavesOnlyTheDrySound) {
+    EffectsChain chain(kRate);
+    ReverbParams p;
+    p.room = -10000.0f;
+    p.reflections = 1000.0f;
+    p.reverb = 2000.0f;
+    chain.setReverb(chain.enable(EffectKind::Reverb), p);
+    const std::vector<float> input = testing::noise(kRate);
+    const std::vector<float> output = testing::render(chain, input);
+    EXPECT_EQ(output, input);
+}
+
+TEST(RoomReverb, ValuesOutsideTheirRangesStandAtTheNearestEnd) {
+    // The panel's Reflections slider maps up to +18398 mB: it acts as +1000, the top.
+    auto wetWith = [](auto change) {
+        ReverbParams p;
+        change(p);
+        return wetImpulse(p, 0.3).left;
+    };
+    const auto atTop = wetWith([](ReverbParams& p) { p.reflections = 1000.0f; });
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.reflections = 18398.0f; }), atTop);
+    EXPECT_NE(wetWith([](ReverbParams& p) { p.reflections = 0.0f; }), atTop);
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.decayTime = 0.0f; }),
+              wetWith([](ReverbParams& p) { p.decayTime = 0.1f; }));
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.hfReference = 1.0f; }),
+              wetWith([](ReverbParams& p) { p.hfReference = 20.0f; }));
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.diffusion = -5.0f; }),
+              wetWith([](ReverbParams& p) { p.diffusion = 0.0f; }));
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.room = 500.0f; }),
+              wetWith([](ReverbParams& p) { p.room = 0.0f; }));
+}
+
+TEST(RoomReverb, ReverbLevelHoldsWhateverTheDecayTime) {
+    // `reverb` sets the level of the late tail: its energy stays within 3 dB from a short
+    // room to a long hall, instead of growing with the number of passes.
+    auto lateEnergyDb = [](float decay) {
+        ReverbParams p;
+        p.reflections = -10000.0f;
+        p.decayTime = decay;
+        p.decayHFRatio = 1.0f;
+        const Response r = wetImpulse(p, 2.0 * decay + 0.5);
+        return 10.0 * std::log10(testing::energy(r.left, 0, static_cast<int>(r.left.size())));
+    };
+    const double shortRoom = lateEnergyDb(0.3f);
+    EXPECT_NEAR(lateEnergyDb(3.0f), shortRoom, 3.0);
+    EXPECT_NEAR(lateEnergyDb(12.0f), shortRoom, 3.0);
+}
+
+TEST(RoomReverb, RoomHfCutsTheReverberantSoundAtHfReference) {
+    auto bandEnergyDb = [](float roomHF, double hz) {
+        ReverbParams p;
+        p.roomHF = roomHF;
+        p.decayHFRatio = 1.0f;
+        const Response r = wetImpulse(p, 3.0);
+        const std::vector<double> band = testing::bandPass(r.left, hz, 4.32);
+        return 10.0 * std::log10(testing::energy(band, 0, static_cast<int>(band.size())));
+    };
+    // -1200 mB: 12 dB down at the reference, next to nothing at low frequencies.
+    EXPECT_NEAR(bandEnergyDb(-1200.0f, 5000.0) - bandEnergyDb(0.0f, 5000.0), -12.0, 1.0);
+    EXPECT_NEAR(bandEnergyDb(-1200.0f, 200.0) - bandEnergyDb(0.0f, 200.0), 0.0, 1.0);
+}
+
+TEST(RoomReverb, DiffusionZeroLeavesSeparateEchoes) {
+    // Share of the late tail's samples that carry sound: few at 0 %, most at 100 %.
+    auto busyShare = [](float diffusion) {
+        ReverbParams p;
+        p.reflections = -10000.0f;
+        p.diffusion = diffusion;
+        const Response r = wetImpulse(p, 0.4);
+        const int from = static_cast<int>(0.05 * kRate);
+        const int to = static_cast<int>(0.25 * kRate);
+        int busy = 0;
+        for (int i = from; i < to; ++i) {
+            busy += std::abs(r.left[static_cast<std::size_t>(i)]) > 1e-4 ? 1 : 0;
+        }
+        return double(busy) / (to - from);
+    };
+    EXPECT_LT(busyShare(0.0f), 0.1);
+    EXPECT_GT(busyShare(100.0f), 0.8);
+}
+
+TEST(RoomReverb, LongSilentTailEndsInExactZerosWithoutSubnormals) {
+    // The program's whole chain: ten bands, the reverb and, beside them, an echo.
+    EffectsChain chain(kRate);
+    for (float centre : {80, 170, 310, 600, 1000, 3000, 6000, 12000, 14000, 16000}) {
+        chain.setEqualizerBand(chain.enable(EffectKind::Equalizer), {centre, 18.0f, 6.0f});
+    }
+    chain.setReverb(chain.enable(EffectKind::Reverb), ReverbParams{});
+    chain.setEcho(chain.enable(EffectKind::Echo), EchoParams{50.0f, 20.0f, 300.0f, 500.0f, true});
+    // A second of loud noise, then a minute of silence.
+    std::vector<float> input = testing::noise(kRate, 0.9f);
+    input.resize(2 * 61 * static_cast<std::size_t>(kRate), 0.0f);
+    const std::vector<float> out = testing::render(chain, std::move(input), 512);
+    std::size_t subnormal = 0;
+    for (float v : out) {
+        subnormal += std::fpclassify(v) == FP_SUBNORMAL ? 1 : 0;
+    }
+    EXPECT_EQ(subnormal, 0u);
+    // By the last ten seconds every tail has fallen below the smallest float.
+    std::size_t nonZero = 0;
+    for (std::size_t i = out.size() - 2 * 10 * kRate; i < out.size(); ++i) {
+        nonZero += out[i] != 0.0f ? 1 : 0;
+    }
+    EXPECT_EQ(nonZero, 0u);
+}
+
+}  // namespace
+}  // namespace brevane
