@@ -1,0 +1,54 @@
+#pragma once
+// Frmsoundindent, "Identify Playing Sounds": what the random banks have just played,
+// so that a user who hears something can find the row that made it.
+//
+// Every firing appends the slot's name to the Sound Playing list and its location to
+// the Location list (one slot puts its location at the top instead; the panel does
+// not repair the drift). Every 200 ms Timer1 selects the last row of each list, copies
+// both to the console's latest-sound fields, and trims each list by its first row
+// while it holds more than 20.
+//
+// Not thread-safe: a panel lives on the event thread.
+
+#include <array>
+#include <string>
+
+#include "base/controls.h"
+#include "base/event_loop.h"
+
+namespace brevane {
+
+class Application;
+
+class IdentifyPanel {
+  public:
+    static constexpr int kRefreshMs = 200;
+    // Rows a list keeps before each refresh trims its first.
+    static constexpr int kMaxRows = 20;
+    static constexpr const char* kWaiting = "Waiting...";
+
+    explicit IdentifyPanel(Application& app);
+
+    PanelWindow window;
+    ListBox soundPlaying;
+    ListBox location;
+    // "Clear List": empties both lists and puts "Waiting..." back in each.
+    CommandButton clearList;
+    // "Bank 1" to "Bank 4": hide every bank and the console, show that bank.
+    std::array<CommandButton, 4> bankButtons;
+
+    Timer Timer1;
+
+    void load();
+    void unload();
+    // One refresh of Timer1.
+    void refresh();
+
+  private:
+    void clear();
+    void showBank(int number);
+
+    Application& app_;
+};
+
+}  // namespace brevane

@@ -1,0 +1,82 @@
+#include "core/application.h"
+
+#include "base/dialogs.h"
+#include "base/event_loop.h"
+#include "base/random.h"
+#include "base/settings_store.h"
+#include "engine/sound_engine.h"
+
+namespace brevane {
+
+Application::Application(const Platform& platform)
+    : appPath(platform.appPath),
+      engine(platform.engine),
+      loop(platform.loop),
+      dialogs(platform.dialogs),
+      settings(platform.settings),
+      random(platform.random),
+      STARTUP(*this),
+      frmmain(*this),
+      frmrandommain(*this, randomBankConfig(1)),
+      frmrandommain2(*this, randomBankConfig(2)),
+      frmrandommain3(*this, randomBankConfig(3)),
+      frmrandommain4(*this, randomBankConfig(4)),
+      Frmsoundindent(*this) {}
+
+Application::~Application() = default;
+
+void Application::start() {
+    STARTUP.show();
+}
+
+void Application::requestExit(ExitKind kind) {
+    if (exitRequested_) {
+        return;
+    }
+    exitRequested_ = kind;
+    if (onExit) {
+        onExit(kind);
+    }
+}
+
+std::array<RandomBank*, 4> Application::randomBanks() {
+    return {&frmrandommain, &frmrandommain2, &frmrandommain3, &frmrandommain4};
+}
+
+RandomBank* Application::randomBank(int number) {
+    if (number < 1 || number > 4) {
+        return nullptr;
+    }
+    return randomBanks()[static_cast<std::size_t>(number - 1)];
+}
+
+std::vector<MixGroupFollower*> Application::groupFollowers() {
+    // The console's order: frmback, frmback2, frmremote2, frmrandommain, frmbackcustom,
+    // frmcustom, frmrandommain2, frmrandommain3, frmrandommain4. Panels not yet in the
+    // program join at their place.
+    return {&frmrandommain, &frmrandommain2, &frmrandommain3, &frmrandommain4};
+}
+
+void Application::hideBanks() {
+    // The background and custom banks hide here too.
+    for (RandomBank* bank : randomBanks()) {
+        bank->window.hide();
+    }
+}
+
+void Application::unloadPanels() {
+    // In turn: Alarm, folderselect, Form1, Form2, Form3, Form33, form999,
+    // formexportscen, Formfolderselect, Formmp3adddir, Formtips,
+    // frmaddscenariodirectory, frmback, frmback2, frmbackcustom, frmbwave, frmcd,
+    // Frmcolorpicker, and the remaining panels. Each bank writes its session copy as it
+    // unloads.
+    frmmain.unload();
+    frmrandommain.unload();
+    frmrandommain2.unload();
+    frmrandommain3.unload();
+    frmrandommain4.unload();
+    Frmsoundindent.unload();
+    STARTUP.unload();
+}
+
+}  // namespace brevane

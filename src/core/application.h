@@ -1,0 +1,95 @@
+#pragma once
+// The Application: every panel of the program, created once and in being until exit,
+// built on a Platform. Panels reach each other through it, by the names the program's
+// panels have always had: app.frmmain.Master, app.frmrandommain.maxvol,
+// app.Frmsoundindent.soundPlaying.
+//
+// Life: start() shows the splash; its timer runs the console's load (Frmmain::load);
+// then timers and user events drive everything until the console's quit. The
+// Application does not end the process itself: it reports that it wants to end
+// through onExit, and the host (the program's main, or a test) acts on it.
+//
+// Not thread-safe: the Application and its panels live on the event thread.
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "banks/random/identify_panel.h"
+#include "banks/random/random_bank.h"
+#include "core/frmmain.h"
+#include "core/mix_group.h"
+#include "core/platform.h"
+#include "core/startup_splash.h"
+
+namespace brevane {
+
+enum class ExitKind {
+    // The sound engine could not start: end at once, nothing cleaned up or written.
+    Immediate,
+    // The quit ran its course: panels unloaded, session written.
+    AfterCleanUp,
+};
+
+class Application {
+  public:
+    explicit Application(const Platform& platform);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    // The platform every panel uses. The random source is the program's only one.
+    const AppPath appPath;
+    SoundEngine& engine;
+    EventLoop& loop;
+    Dialogs& dialogs;
+    SettingsStore& settings;
+    brevane::Random& random;
+
+    // Values the panels share.
+    // Which random bank the console's "Random" button shows: 1 to 4, 5 the custom bank.
+    int CurrentRandomBank = 1;
+    // The output device the engine opens, from scard.tmp.
+    int SoundCardIndex = 0;
+    // The ceiling of the intro fade of Master, from the session.
+    int SavedMasterLevel = 0;
+
+    // The panels. Constructors only wire handlers; each panel's load does its work.
+    StartupSplash STARTUP;
+    Frmmain frmmain;
+    RandomBank frmrandommain;
+    RandomBank frmrandommain2;
+    RandomBank frmrandommain3;
+    RandomBank frmrandommain4;
+    IdentifyPanel Frmsoundindent;
+
+    // The program's first act: the splash, whose timer starts the load.
+    void start();
+
+    // Program end. onExit is told once; exitRequested() keeps the answer for a host
+    // that polls.
+    std::function<void(ExitKind)> onExit;
+    std::optional<ExitKind> exitRequested() const { return exitRequested_; }
+    void requestExit(ExitKind kind);
+
+    // frmrandommain to frmrandommain4, bank 1 first.
+    std::array<RandomBank*, 4> randomBanks();
+    // Bank `number`, 1 to 4; nullptr for any other number.
+    RandomBank* randomBank(int number);
+
+    // Every panel following the console's group sliders, in the order the console
+    // writes to them.
+    std::vector<MixGroupFollower*> groupFollowers();
+
+    // Hides every bank panel (the Identify panel's bank buttons).
+    void hideBanks();
+
+    // The last act of the quit: every panel unloads in turn.
+    void unloadPanels();
+
+  private:
+    std::optional<ExitKind> exitRequested_;
+};
+
+}  // namespace brevane

@@ -1,0 +1,210 @@
+#include "core/frmmain.h"
+
+#include "base/comma_record.h"
+#include "base/dialogs.h"
+#include "base/file_io.h"
+#include "core/application.h"
+#include "engine/sound_engine.h"
+
+namespace brevane {
+
+Frmmain::Frmmain(Application& app) : TimerIntroVolFade(app.loop, kIntroFadeMs), app_(app) {
+    window.setCaption("Brevane");
+    for (MixGroup g : kMixGroups) {
+        group(g).onChange = [this, g] { groupChanged(g); };
+    }
+
+    randomButton.setCaption("Random");
+    randomButton.onClick = [this] { showRandomBank(); };
+    identifyButton.setCaption("Identify");
+    identifyButton.onClick = [this] { app_.Frmsoundindent.window.show(); };
+    masterStopButton.setCaption("Master Stop");
+    masterStopButton.onClick = [this] { masterStop(); };
+    QuitCommand.setCaption("Quit");
+    QuitCommand.onClick = [this] {
+        // The "Confirm Exit Application" option, and its "Really Quit?" question, come
+        // first here once the options exist; a No ends the command.
+        quitWithoutAsking();
+    };
+
+    TimerIntroVolFade.onTick = [this] { introFadeTick(); };
+}
+
+GroupSlider& Frmmain::group(MixGroup which) {
+    switch (which) {
+        case MixGroup::Master:
+            return Master;
+        case MixGroup::Background:
+            return Background;
+        case MixGroup::Random:
+            return Random;
+        case MixGroup::MP3:
+            return MP3;
+        case MixGroup::CD:
+            return CD;
+        case MixGroup::Bwaves:
+            break;
+    }
+    return Bwaves;
+}
+
+void Frmmain::load() {
+    // 1. The "Random" button starts on the first bank.
+    app_.CurrentRandomBank = 1;
+
+    // 2. The output device of the last session.
+    readSoundCard();
+
+    // 3. The sound engine. Without it there is no program: tell the user and end at
+    //    once, with nothing cleaned up and nothing written.
+    if (!app_.engine.start(app_.SoundCardIndex)) {
+        app_.dialogs.message(MessageKind::Information, kEngineFailedText);
+        app_.requestExit(ExitKind::Immediate);
+        return;
+    }
+    //    The option panel's "Current Soundcard: " line takes the device's name here.
+
+    // 4. The hidden scenario file list points at config/scenarios.
+    // 5. The default colour values; the scheme is marked default; the console's
+    //    background picture is kept as the reference picture.
+    // 6. Every panel loaded so far redraws its menu bar.
+    // 7. The console's window border style.
+    // 8. The alarm-off command runs once, so the alarm starts disarmed; the
+    //    alarm-running flag is cleared.
+    // 9. AppPath ends in a separator (AppPath::text() always does).
+    // 10. The scenario list fills from config/scenarios.
+    // 11. main.tmp: alarm state, previous scenario, the randomise panels' sliders.
+
+    // The hidden panels come into being here, before the session of step 12 touches
+    // them: each random bank loads its samples and starts its scheduler. The background
+    // banks and the custom banks load here too.
+    for (RandomBank* bank : app_.randomBanks()) {
+        bank->load();
+    }
+    app_.Frmsoundindent.load();
+
+    // 12. mainb.tmp: group sliders (Master stays low for the intro fade and its saved
+    //     value becomes SavedMasterLevel), presets, colours, remote, bank states and
+    //     their randomise timers.
+    // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour.
+    // 14. The scenario preset list, the previous scenario on the status display,
+    //     loadslidergrads.
+    // 15. folderselect, the remote's "Scenario: " caption, the colour scheme through
+    //     frmDemo, checklcd; then the splash goes and the console takes its place.
+    app_.STARTUP.unload();
+    window.show();
+
+    // 16. Every panel's copies of the group values are brought up to date.
+    Master.fireChange();
+    Background.fireChange();
+    Random.fireChange();
+    CD.fireChange();
+    MP3.fireChange();
+
+    // 17. The tray icon, tooltip "Brevane", menu mnutray.
+    // 18. Timers loads hidden, its Command3_Click runs; frmeffects loads hidden.
+    // 19. "Static" on display line 3, "Disabled" on display line 4.
+
+    // 20. The intro fade of Master; dobrainwavecheck.
+    TimerIntroVolFade.setEnabled(true);
+
+    // 21. The alarm is armed again if it was at the end of the last session.
+    // 22. "Auto load previous scenario on startup": the restore command.
+    // 23. InactivitySeconds from the options.
+    // 24. "Minimize on startup": Timer10.
+    // 25. First run (no main.tmp): Timer4, and doload with an empty name.
+}
+
+void Frmmain::readSoundCard() {
+    const auto content = readWholeFile(app_.appPath / "scard.tmp");
+    if (!content) {
+        return;
+    }
+    RecordReader reader(*content);
+    const int index = reader.readLong();
+    if (reader.ok()) {
+        app_.SoundCardIndex = index;
+    }
+}
+
+void Frmmain::introFadeTick() {
+    if (Master.value() < app_.SavedMasterLevel) {
+        Master.setValue(Master.value() + 1);
+    }
+    // A slider at its top end can rise no further: the fade ends there too.
+    if (Master.value() >= app_.SavedMasterLevel || Master.value() == Master.high()) {
+        TimerIntroVolFade.setEnabled(false);
+    }
+}
+
+void Frmmain::groupChanged(MixGroup which) {
+    const int value = group(which).value();
+    const auto followers = app_.groupFollowers();
+    for (MixGroupFollower* follower : followers) {
+        if (Slider* copy = follower->groupCopy(which)) {
+            copy->setValue(value);
+        }
+    }
+    if (which == MixGroup::Master) {
+        // Here a Master move also clears the mute (tray menu and remote).
+        for (MixGroupFollower* follower : followers) {
+            follower->updateVolumes();
+        }
+    }
+    // Bwaves and Master also run frmbwave's value-change handler.
+}
+
+void Frmmain::showRandomBank() {
+    // 5 stands for the custom random bank.
+    if (RandomBank* bank = app_.randomBank(app_.CurrentRandomBank)) {
+        bank->show();
+    }
+}
+
+void Frmmain::masterStop() {
+    // Every slider of every slot goes to zero, Volume and Frequency alike: the latest
+    // plays fall silent through their Volume handlers and nothing fires again, not
+    // even the slots that take their firing level from a group slider. The custom
+    // random bank's sliders go first, once it exists.
+    for (RandomBank* bank : app_.randomBanks()) {
+        for (int s = 1; s <= kRandomSlots; ++s) {
+            bank->slot(s).volume.setValue(0);
+            bank->slot(s).frequency.setValue(0);
+        }
+    }
+    // Then every slot check box of frmback, frmback2 and frmbackcustom is cleared.
+    for (RandomBank* bank : app_.randomBanks()) {
+        bank->stopBank();
+    }
+}
+
+void Frmmain::quitWithoutAsking() {
+    if (quitting_) {
+        return;
+    }
+    quitting_ = true;
+
+    // 2. The tray icon goes; the console, the banks and the Identify panel hide (and
+    //    frmeffects, frmmainmp3 and frmcd).
+    window.hide();
+    app_.hideBanks();
+    app_.Frmsoundindent.window.hide();
+
+    // 3. states.tmp: the five session flags.
+
+    // 4. The mouse pointer shows, the console's timers stop, the engine closes.
+    TimerIntroVolFade.setEnabled(false);
+    app_.engine.close();
+
+    // 5. mainb.tmp, main.tmp, scard.tmp.
+
+    // 6. Every panel unloads in turn, and the program ends.
+    app_.unloadPanels();
+    app_.requestExit(ExitKind::AfterCleanUp);
+}
+
+void Frmmain::unload() {
+    TimerIntroVolFade.setEnabled(false);
+}
+
+}  // namespace brevane

@@ -1,0 +1,77 @@
+#pragma once
+// frmmain: the main console. It owns start-up and shutdown and fans each group
+// slider out to every panel that follows it.
+//
+// Not thread-safe: a panel lives on the event thread.
+
+#include <string>
+
+#include "base/controls.h"
+#include "base/event_loop.h"
+#include "core/mix_group.h"
+
+namespace brevane {
+
+class Application;
+
+class Frmmain {
+  public:
+    static constexpr int kIntroFadeMs = 60;
+    static constexpr const char* kEngineFailedText =
+        "There was a problem initializing the sound engine. Please restart the application. "
+        "If the problem persists, please contact support.";
+
+    explicit Frmmain(Application& app);
+
+    PanelWindow window;
+
+    // The six MixGroup sliders, in the order the session keeps them. Each change is
+    // written into every follower's copy (Application::groupFollowers()).
+    GroupSlider Master{MixGroup::Master};
+    GroupSlider Background{MixGroup::Background};
+    GroupSlider Random{MixGroup::Random};
+    GroupSlider MP3{MixGroup::MP3};
+    GroupSlider CD{MixGroup::CD};
+    GroupSlider Bwaves{MixGroup::Bwaves};
+
+    // "Random": shows the random bank CurrentRandomBank names.
+    CommandButton randomButton;
+    // "Identify": shows Frmsoundindent.
+    CommandButton identifyButton;
+    // "Master Stop": silences the banks, leaving the engine open and Master where it is.
+    CommandButton masterStopButton;
+    // The quit command; the tray menu's "Quit App" clicks it too.
+    CommandButton QuitCommand;
+
+    // The console's two fields for the latest sound fired, its name and its location,
+    // kept current by Frmsoundindent's timer.
+    TextBox latestSoundName;
+    TextBox latestSoundLocation;
+
+    // Raises Master one step a tick up to SavedMasterLevel, then stops itself.
+    Timer TimerIntroVolFade;
+
+    GroupSlider& group(MixGroup which);
+
+    // The console's load: the whole of start-up after the splash, step by step.
+    void load();
+    // Quit without the confirmation question: for a request to end from outside the
+    // program (a termination signal), and the tail of QuitCommand.
+    void quitWithoutAsking();
+    // Master Stop.
+    void masterStop();
+    // The "Random" button: shows frmrandommain to frmrandommain4 by CurrentRandomBank.
+    void showRandomBank();
+
+    void unload();
+
+  private:
+    void groupChanged(MixGroup which);
+    void introFadeTick();
+    void readSoundCard();
+
+    Application& app_;
+    bool quitting_ = false;
+};
+
+}  // namespace brevane

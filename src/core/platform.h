@@ -1,0 +1,30 @@
+#pragma once
+// What the program needs of the machine it runs on, handed to the Application once.
+// The program passes the real device, toolkit loop, message boxes and desktop
+// settings; a test passes an offline or recording engine, a virtual-time loop,
+// scripted dialogs and a memory store, on a temporary tree.
+//
+// Ownership: every referenced object belongs to the caller and must outlive the
+// Application. The caller seeds the random source (the program from the clock, a
+// test with a fixed seed).
+
+#include "base/app_path.h"
+
+namespace brevane {
+
+class SoundEngine;
+class EventLoop;
+class Dialogs;
+class SettingsStore;
+class Random;
+
+struct Platform {
+    AppPath appPath;
+    SoundEngine& engine;
+    EventLoop& loop;
+    Dialogs& dialogs;
+    SettingsStore& settings;
+    Random& random;
+};
+
+}  // namespace brevane
