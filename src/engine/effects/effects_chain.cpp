@@ -13,6 +13,7 @@ namespace brevane {
 
 EffectsChain::EffectsChain(int sampleRate) : sampleRate_(std::clamp(sampleRate, 8000, 192000)) {
     effects_.reserve(kMaxEffects);
+    bands_.reserve(kMaxEffects);
 }
 
 EffectsChain::~EffectsChain() = default;
@@ -22,11 +23,15 @@ int EffectsChain::enable(EffectKind kind) {
         return -1;
     }
     std::unique_ptr<EffectUnit> unit;
+    EqualizerBand* band = nullptr;
     const double rate = sampleRate_;
     switch (kind) {
-        case EffectKind::Equalizer:
-            unit = std::make_unique<EqualizerBand>(rate);
+        case EffectKind::Equalizer: {
+            auto made = std::make_unique<EqualizerBand>(rate);
+            band = made.get();
+            unit = std::move(made);
             break;
+        }
         case EffectKind::Reverb:
             unit = std::make_unique<RoomReverb>(rate);
             break;
@@ -40,11 +45,13 @@ int EffectsChain::enable(EffectKind kind) {
     const int id = nextId_;
     nextId_ = (nextId_ == INT_MAX) ? 1 : nextId_ + 1;
     effects_.push_back(Entry{id, std::move(unit)});
+    bands_.push_back(band);
     return id;
 }
 
 void EffectsChain::disableAll() {
     effects_.clear();
+    bands_.clear();
 }
 
 EffectUnit* EffectsChain::find(int id, EffectKind kind) {
@@ -79,8 +86,20 @@ void EffectsChain::process(float* interleavedStereo, int frames) {
         return;
     }
     const ScopedFlushDenormals flush;
-    for (Entry& e : effects_) {
-        e.unit->process(interleavedStereo, frames);
+    const std::size_t count = effects_.size();
+    for (std::size_t i = 0; i < count;) {
+        if (bands_[i] == nullptr) {
+            effects_[i].unit->process(interleavedStereo, frames);
+            ++i;
+            continue;
+        }
+        std::size_t run = 1;
+        while (i + run < count && bands_[i + run] != nullptr &&
+               run < std::size_t{EqualizerBand::kMaxSeries}) {
+            ++run;
+        }
+        EqualizerBand::processSeries(&bands_[i], static_cast<int>(run), interleavedStereo, frames);
+        i += run;
     }
     // x * 0 is 0 for every finite x and NaN for infinities and NaNs: one pass finds them.
     float probe = 0.0f;

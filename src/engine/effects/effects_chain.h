@@ -8,6 +8,8 @@
 
 namespace brevane {
 
+class EqualizerBand;
+
 // The effects on the whole mix: equalizer bands, room reverb and echo, run in the order they
 // were enabled, in place on interleaved stereo.
 //
@@ -70,6 +72,9 @@ class EffectsChain {
     int sampleRate_;
     int nextId_ = 1;
     std::vector<Entry> effects_;
+    // Per entry, the band when it is an equalizer band, else null: runs of bands are
+    // processed together.
+    std::vector<EqualizerBand*> bands_;
 };
 
 }  // namespace brevane

@@ -1,6 +1,7 @@
 #include "engine/effects/equalizer_band.h"
 
 #include <algorithm>
+#include <array>
 
 namespace brevane {
 
@@ -13,8 +14,10 @@ void EqualizerBand::set(const EqualizerBandParams& p) {
     // A centre at or above half the sample rate has no meaning; keep it just below.
     const double centre = std::min(double{c.centreHz}, 0.49 * sampleRate_);
     target_ = peakingCoefficients(sampleRate_, centre, c.bandwidthSemitones / 12.0, c.gainDb);
+    glideCountdown_ = 0;
     if (idle_) {
         current_ = target_;
+        lanes_ = inAllLanes(current_);
         glideLeft_ = 0;
         return;
     }
@@ -25,54 +28,80 @@ void EqualizerBand::set(const EqualizerBandParams& p) {
     step_.a1 = (target_.a1 - current_.a1) / n;
     step_.a2 = (target_.a2 - current_.a2) / n;
     glideLeft_ = kGlideSteps;
-    glideCountdown_ = 0;
+}
+
+void EqualizerBand::stepGlide() {
+    if (--glideLeft_ == 0) {
+        current_ = target_;  // land exactly, free of accumulated rounding
+    } else {
+        current_.b0 += step_.b0;
+        current_.b1 += step_.b1;
+        current_.b2 += step_.b2;
+        current_.a1 += step_.a1;
+        current_.a2 += step_.a2;
+    }
+    lanes_ = inAllLanes(current_);
+    glideCountdown_ = kGlideBlock;
 }
 
 void EqualizerBand::process(float* io, int frames) {
-    if (frames <= 0) {
+    EqualizerBand* self = this;
+    processSeries(&self, 1, io, frames);
+}
+
+void EqualizerBand::processSeries(EqualizerBand* const* bands, int count, float* io, int frames) {
+    if (frames <= 0 || count <= 0) {
         return;
     }
-    idle_ = false;
+    count = std::min(count, kMaxSeries);
+    std::array<BiquadLanes, kMaxSeries> lanes;
+    std::array<BiquadState, kMaxSeries> states;
+    for (int b = 0; b < count; ++b) {
+        bands[b]->idle_ = false;
+    }
     int done = 0;
     while (done < frames) {
+        // Up to the next glide step of any band, so coefficients hold still within the run.
         int n = frames - done;
-        if (glideLeft_ > 0) {
-            // Steps fall every kGlideBlock frames of sound, however the caller cuts its blocks.
-            if (glideCountdown_ == 0) {
-                if (--glideLeft_ == 0) {
-                    current_ = target_;  // land exactly, free of accumulated rounding
-                } else {
-                    current_.b0 += step_.b0;
-                    current_.b1 += step_.b1;
-                    current_.b2 += step_.b2;
-                    current_.a1 += step_.a1;
-                    current_.a2 += step_.a2;
+        for (int b = 0; b < count; ++b) {
+            EqualizerBand& band = *bands[b];
+            if (band.glideLeft_ > 0) {
+                if (band.glideCountdown_ == 0) {
+                    band.stepGlide();
                 }
-                glideCountdown_ = kGlideBlock;
+                if (band.glideLeft_ > 0) {
+                    n = std::min(n, band.glideCountdown_);
+                }
             }
-            n = std::min(n, glideCountdown_);
-            glideCountdown_ -= n;
+            lanes[static_cast<std::size_t>(b)] = band.lanes_;
+            states[static_cast<std::size_t>(b)] = band.state_;
         }
-        const BiquadCoefficients c = current_;
-        BiquadState l = left_;
-        BiquadState r = right_;
         float* p = io + 2 * done;
         for (int i = 0; i < n; ++i) {
-            p[2 * i] = l.process(c, p[2 * i]);
-            p[2 * i + 1] = r.process(c, p[2 * i + 1]);
+            Float4 x{p[2 * i], p[2 * i + 1], 0.0f, 0.0f};
+            for (int b = 0; b < count; ++b) {
+                x = states[static_cast<std::size_t>(b)].process(lanes[static_cast<std::size_t>(b)],
+                                                                x);
+            }
+            p[2 * i] = x[0];
+            p[2 * i + 1] = x[1];
         }
-        l.flushTiny();
-        r.flushTiny();
-        left_ = l;
-        right_ = r;
+        for (int b = 0; b < count; ++b) {
+            EqualizerBand& band = *bands[b];
+            band.state_ = states[static_cast<std::size_t>(b)];
+            band.state_.flushTiny();
+            if (band.glideLeft_ > 0) {
+                band.glideCountdown_ -= n;
+            }
+        }
         done += n;
     }
 }
 
 void EqualizerBand::reset() {
-    left_ = {};
-    right_ = {};
+    state_ = {};
     current_ = target_;
+    lanes_ = inAllLanes(current_);
     glideLeft_ = 0;
     glideCountdown_ = 0;
     idle_ = true;

@@ -10,9 +10,13 @@ namespace brevane {
 // A change of setting while sound runs glides to the new filter over about 12 ms, so a slider
 // moved on a playing mix does not click. Every filter on the way is stable: the stable
 // second-order denominators form a convex set, and the glide moves along a straight line
-// between two of them.
+// between two of them. The glide advances with the sound, not with the calls: the output does
+// not depend on how the caller cuts its blocks.
 class EqualizerBand final : public EffectUnit {
   public:
+    // Most bands processSeries() takes at once.
+    static constexpr int kMaxSeries = 32;
+
     explicit EqualizerBand(double sampleRate);
 
     EffectKind kind() const override { return EffectKind::Equalizer; }
@@ -21,12 +25,19 @@ class EqualizerBand final : public EffectUnit {
     void process(float* io, int frames) override;
     void reset() override;
 
+    // Runs `count` (1..kMaxSeries) bands one after the other on the sound in a single pass
+    // over it, so that the bands' recursions overlap in the processor instead of waiting on
+    // each other. The output is that of running them one by one.
+    static void processSeries(EqualizerBand* const* bands, int count, float* io, int frames);
+
     // The filter the band is gliding towards.
     const BiquadCoefficients& target() const { return target_; }
 
   private:
     static constexpr int kGlideBlock = 32;  // frames between coefficient steps
     static constexpr int kGlideSteps = 16;  // steps of one glide
+
+    void stepGlide();
 
     double sampleRate_;
     BiquadCoefficients current_;
@@ -36,8 +47,8 @@ class EqualizerBand final : public EffectUnit {
     int glideCountdown_ = 0;  // frames until the next step
     // No sound has gone through since construction or reset: a setting applies at once.
     bool idle_ = true;
-    BiquadState left_;
-    BiquadState right_;
+    BiquadLanes lanes_;  // current_ in the left and right lanes
+    BiquadState state_;  // lane 0 left, lane 1 right
 };
 
 }  // namespace brevane

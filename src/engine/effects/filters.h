@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+#include "engine/effects/float4.h"
+
 namespace brevane {
 
 // Coefficients of y = b0 x + b1 x[-1] + b2 x[-2] - a1 y[-1] - a2 y[-2] (a0 normalised to 1).
@@ -22,12 +24,28 @@ BiquadCoefficients peakingCoefficients(double sampleRate, double centreHz, doubl
 // Magnitude of the filter's response at `hz`, for tests and designs.
 double magnitudeAt(const BiquadCoefficients& c, double sampleRate, double hz);
 
-// Transposed direct form II state of one biquad on one channel.
-struct BiquadState {
-    float z1 = 0.0f, z2 = 0.0f;
+// Up to four biquads run side by side, one per lane, each with its own coefficients.
+struct BiquadLanes {
+    Float4 b0{}, b1{}, b2{}, a1{}, a2{};
+};
 
-    float process(const BiquadCoefficients& c, float x) {
-        const float y = c.b0 * x + z1;
+// The same biquad in every lane.
+inline BiquadLanes inAllLanes(const BiquadCoefficients& c) {
+    BiquadLanes l;
+    l.b0 = Float4{} + c.b0;
+    l.b1 = Float4{} + c.b1;
+    l.b2 = Float4{} + c.b2;
+    l.a1 = Float4{} + c.a1;
+    l.a2 = Float4{} + c.a2;
+    return l;
+}
+
+// Transposed direct form II state of four lanes of biquads.
+struct BiquadState {
+    Float4 z1{}, z2{};
+
+    Float4 process(const BiquadLanes& c, Float4 x) {
+        const Float4 y = c.b0 * x + z1;
         z1 = c.b1 * x - c.a1 * y + z2;
         z2 = c.b2 * x - c.a2 * y;
         return y;
@@ -38,9 +56,9 @@ struct BiquadState {
     // ringing at about 1e-37 for ever; cutting it off well above that lets a tail end in
     // exact zeros.
     void flushTiny() {
-        if (std::abs(z1) < kTiny && std::abs(z2) < kTiny) {
-            z1 = 0.0f;
-            z2 = 0.0f;
+        if (allBelow(z1, kTiny) && allBelow(z2, kTiny)) {
+            z1 = Float4{};
+            z2 = Float4{};
         }
     }
     static constexpr float kTiny = 1e-30f;

@@ -41,14 +41,12 @@ constexpr std::array<double, 3> kDiffuserLeftMs{2.9, 4.3, 6.1};
 constexpr std::array<double, 3> kDiffuserRightMs{3.1, 4.7, 6.4};
 constexpr double kMaxDiffuserGain = 0.7;
 
-// Output signs per line. Each output takes every line; the two patterns are orthogonal, so
-// left and right tails are uncorrelated.
-constexpr std::array<float, RoomReverb::kLines> kLeftSign{1, 1, -1, -1, 1, 1, -1, -1};
-constexpr std::array<float, RoomReverb::kLines> kRightSign{1, 1, 1, 1, -1, -1, -1, -1};
+// Each output takes every line, with signs: left + + - - + + - -, right + + + + - - - -.
+// The two patterns are orthogonal, so left and right tails are uncorrelated.
 
-int powerOfTwoAbove(int n) {
-    int size = 1;
-    while (size <= n) {
+unsigned powerOfTwoAbove(int n) {
+    unsigned size = 1;
+    while (size <= static_cast<unsigned>(std::max(n, 0))) {
         size *= 2;
     }
     return size;
@@ -66,30 +64,26 @@ RoomReverb::RoomReverb(double sampleRate) : sampleRate_(sampleRate) {
     longest.reflectionsDelay = 1e9f;
     longest.reverbDelay = 1e9f;
     longest = clampedToRange(longest);
-    const int inSize = powerOfTwoAbove(
+    const unsigned inSize = powerOfTwoAbove(
         samplesOf(longest.reflectionsDelay + longest.reverbDelay + kLongestTapMs / 1000.0,
                   sampleRate_) +
         2);
-    inLeft_.assign(static_cast<std::size_t>(inSize), 0.0f);
-    inRight_.assign(static_cast<std::size_t>(inSize), 0.0f);
+    in_.assign(2 * std::size_t{inSize}, 0.0f);
     inMask_ = inSize - 1;
 
-    for (int i = 0; i < kAllPassesPerSide; ++i) {
-        auto prepare = [&](AllPass& ap, double ms) {
-            ap.delay = std::max(1, samplesOf(ms / 1000.0, sampleRate_));
-            const int size = powerOfTwoAbove(ap.delay);
-            ap.buffer.assign(static_cast<std::size_t>(size), 0.0f);
-            ap.mask = size - 1;
-        };
-        prepare(diffuseLeft_[static_cast<std::size_t>(i)],
-                kDiffuserLeftMs[static_cast<std::size_t>(i)]);
-        prepare(diffuseRight_[static_cast<std::size_t>(i)],
-                kDiffuserRightMs[static_cast<std::size_t>(i)]);
+    for (std::size_t i = 0; i < kAllPassesPerSide; ++i) {
+        diffuserDelay_[i] =
+            static_cast<unsigned>(std::max(1, samplesOf(kDiffuserLeftMs[i] / 1000.0, sampleRate_)));
+        diffuserDelay_[i + kAllPassesPerSide] = static_cast<unsigned>(
+            std::max(1, samplesOf(kDiffuserRightMs[i] / 1000.0, sampleRate_)));
     }
+    diffuserSize_ = powerOfTwoAbove(
+        static_cast<int>(*std::max_element(diffuserDelay_.begin(), diffuserDelay_.end())));
+    diffusers_.assign(std::size_t{diffuserSize_} * diffuserDelay_.size(), 0.0f);
 
     lineSize_ = powerOfTwoAbove(samplesOf(kLineMs.back() / 1000.0, sampleRate_) + 1);
     lineMask_ = lineSize_ - 1;
-    lines_.assign(static_cast<std::size_t>(lineSize_) * kLines, 0.0f);
+    lines_.assign(std::size_t{lineSize_} * kLines, 0.0f);
 
     set(ReverbParams{});
 }
@@ -104,27 +98,36 @@ void RoomReverb::set(const ReverbParams& p) {
     const double refHz = std::min(double{q.hfReference}, 0.45 * sampleRate_);
 
     roomGain_ = millibelsToGain(q.room);
-    roomHf_ = referenceShelfCoefficients(sampleRate_, refHz, 1.0,
-                                         std::max(double{millibelsToGain(q.roomHF)}, 1e-5));
+    roomHf_ = inAllLanes(referenceShelfCoefficients(
+        sampleRate_, refHz, 1.0, std::max(double{millibelsToGain(q.roomHF)}, 1e-5)));
 
     // Early reflections, their energy normalised to the level asked for.
     const int first = samplesOf(q.reflectionsDelay, sampleRate_);
     const double earlyGain = millibelsToGain(q.reflections);
-    auto placeTaps = [&](const std::array<TapShape, 6>& shape, std::array<Tap, 6>& taps,
-                         bool rightSide) {
+    auto placeTaps = [&](const std::array<TapShape, 6>& shape, std::array<unsigned, 6>& offsets,
+                         std::array<float, 6>& gains, unsigned ownSide) {
         double energy = 0.0;
         for (const TapShape& s : shape) {
             energy += s.gain * s.gain;
         }
         const double norm = earlyGain / std::sqrt(energy);
         for (std::size_t i = 0; i < shape.size(); ++i) {
-            taps[i].delay = first + samplesOf(shape[i].ms / 1000.0, sampleRate_);
-            taps[i].fromRight = rightSide != shape[i].crossed;
-            taps[i].gain = static_cast<float>(shape[i].gain * norm);
+            const auto delay =
+                static_cast<unsigned>(first + samplesOf(shape[i].ms / 1000.0, sampleRate_));
+            const unsigned side = shape[i].crossed ? 1 - ownSide : ownSide;
+            offsets[i] = side - 2 * delay;  // modulo 2^32, masked at use
+            gains[i] = static_cast<float>(shape[i].gain * norm);
         }
     };
-    placeTaps(kLeftTaps, tapsLeft_, false);
-    placeTaps(kRightTaps, tapsRight_, true);
+    placeTaps(kLeftTaps, tapLeftOffset_, tapLeftGain_, 0);
+    placeTaps(kRightTaps, tapRightOffset_, tapRightGain_, 1);
+
+    // The lines mix through three butterfly stages of plane rotations by `angle`, each
+    // written as c (a + t b), c (b - t a) with t = tan(angle): the three factors c are taken
+    // out of the loop into the decay filters.
+    const double angle = std::numbers::pi / 4.0 * q.diffusion / 100.0;
+    mixTan_ = static_cast<float>(std::tan(angle));
+    const double mixScale = std::pow(std::cos(angle), 3.0);
 
     // Late network.
     const double share = kShortestLineShare + (1.0 - kShortestLineShare) * q.density / 100.0;
@@ -132,101 +135,118 @@ void RoomReverb::set(const ReverbParams& p) {
     const double decayHigh = q.decayTime * q.decayHFRatio;
     for (std::size_t i = 0; i < kLines; ++i) {
         const int length = std::max(1, samplesOf(kLineMs[i] * share / 1000.0, sampleRate_));
-        lineLength_[i] = length;
+        lineLength_[i] = static_cast<unsigned>(length);
         // 60 dB per decay time: the gain of one pass through a line of `length` samples.
         const double seconds = length / sampleRate_;
         const double gainLow = std::pow(10.0, -3.0 * seconds / decayLow);
         const double gainRef = std::pow(10.0, -3.0 * seconds / decayHigh);
-        lineDecay_[i] = referenceShelfCoefficients(sampleRate_, refHz, gainLow, gainRef);
+        BiquadCoefficients c = referenceShelfCoefficients(sampleRate_, refHz, gainLow, gainRef);
+        c.b0 = static_cast<float>(c.b0 * mixScale);
+        c.b1 = static_cast<float>(c.b1 * mixScale);
+        c.b2 = static_cast<float>(c.b2 * mixScale);
+        BiquadLanes& lanes = lineDecay_[i / 4];
+        const std::size_t lane = i % 4;
+        lanes.b0[lane] = c.b0;
+        lanes.b1[lane] = c.b1;
+        lanes.b2[lane] = c.b2;
+        lanes.a1[lane] = c.a1;
+        lanes.a2[lane] = c.a2;
         // Each input side feeds half of the lines; a line's recirculation adds up to
         // 1 / (1 - g^2) in energy, which this cancels.
-        lineInput_[i] = static_cast<float>(std::sqrt((1.0 - gainLow * gainLow) / (kLines / 2)));
+        lineInput_[i / 4][lane] =
+            static_cast<float>(std::sqrt((1.0 - gainLow * gainLow) / (kLines / 2)));
     }
-    const int shortest = *std::min_element(lineLength_.begin(), lineLength_.end());
+    const unsigned shortest = *std::min_element(lineLength_.begin(), lineLength_.end());
     // The network's first echo comes one shortest line after its input: take the input that
     // much earlier, as far as the direct sound allows.
-    lateTap_ =
-        std::max(0, samplesOf(double{q.reflectionsDelay} + q.reverbDelay, sampleRate_) - shortest);
+    lateTap_ = static_cast<unsigned>(
+        std::max(0, samplesOf(double{q.reflectionsDelay} + q.reverbDelay, sampleRate_) -
+                        static_cast<int>(shortest)));
     lateGain_ = millibelsToGain(q.reverb);
-
     diffuserGain_ = static_cast<float>(kMaxDiffuserGain * q.diffusion / 100.0);
-    const double angle = std::numbers::pi / 4.0 * q.diffusion / 100.0;
-    mixCos_ = static_cast<float>(std::cos(angle));
-    mixSin_ = static_cast<float>(std::sin(angle));
 }
 
 void RoomReverb::process(float* io, int frames) {
     if (frames <= 0) {
         return;
     }
-    float* const inL = inLeft_.data();
-    float* const inR = inRight_.data();
+    float* const in = in_.data();
     float* const lines = lines_.data();
-    const unsigned inMask = static_cast<unsigned>(inMask_);
-    const unsigned lineMask = static_cast<unsigned>(lineMask_);
-    const float c = mixCos_;
-    const float s = mixSin_;
+    const unsigned inMask = inMask_;
+    const unsigned lineMask = lineMask_;
+    const std::size_t size = lineSize_;
     const float room = roomGain_;
     const float late = lateGain_;
     const float diffusion = diffuserGain_;
-    unsigned inPos = static_cast<unsigned>(inPos_);
-    unsigned linePos = static_cast<unsigned>(linePos_);
+    const float t = mixTan_;
+    const Float4 halfTurn = Float4{1.0f, 1.0f, -1.0f, -1.0f} * t;
+    const Float4 pairTurn = Float4{1.0f, -1.0f, 1.0f, -1.0f} * t;
+    const Float4 leftSigns{1.0f, 1.0f, -1.0f, -1.0f};
+    unsigned inPos = inPos_;
+    unsigned linePos = linePos_;
+    const unsigned stereoMask = 2 * inMask + 1;
+    float* const diffusers = diffusers_.data();
+    const unsigned diffuserMask = diffuserSize_ - 1;
+    unsigned diffuserPos = diffuserPos_;
+    auto allPass = [&](std::size_t which, float x) {
+        float* const ring = diffusers + which * diffuserSize_;
+        const float delayed = ring[(diffuserPos - diffuserDelay_[which]) & diffuserMask];
+        const float w = x + diffusion * delayed;
+        ring[diffuserPos] = w;
+        return delayed - diffusion * w;
+    };
 
     for (int frame = 0; frame < frames; ++frame) {
         const float dryL = io[2 * frame];
         const float dryR = io[2 * frame + 1];
-        inL[inPos] = roomHfLeft_.process(roomHf_, dryL * room);
-        inR[inPos] = roomHfRight_.process(roomHf_, dryR * room);
+        const Float4 wet = roomHfState_.process(roomHf_, Float4{dryL * room, dryR * room, 0, 0});
+        in[2 * inPos] = wet[0];
+        in[2 * inPos + 1] = wet[1];
 
+        // Frame k of the ring sits at 2k (left) and 2k + 1 (right): with an even offset from
+        // 2 inPos, masking by 2 inMask + 1 wraps whole frames and keeps the side bit.
+        const unsigned here = 2 * inPos;
         float earlyL = 0.0f;
         float earlyR = 0.0f;
-        for (int t = 0; t < kTapsPerSide; ++t) {
-            const Tap& tl = tapsLeft_[static_cast<std::size_t>(t)];
-            const Tap& tr = tapsRight_[static_cast<std::size_t>(t)];
-            const unsigned il = (inPos - static_cast<unsigned>(tl.delay)) & inMask;
-            const unsigned ir = (inPos - static_cast<unsigned>(tr.delay)) & inMask;
-            earlyL += tl.gain * (tl.fromRight ? inR[il] : inL[il]);
-            earlyR += tr.gain * (tr.fromRight ? inR[ir] : inL[ir]);
+        for (std::size_t k = 0; k < kTapsPerSide; ++k) {
+            earlyL += tapLeftGain_[k] * in[(here + tapLeftOffset_[k]) & stereoMask];
+            earlyR += tapRightGain_[k] * in[(here + tapRightOffset_[k]) & stereoMask];
         }
 
-        const unsigned lateAt = (inPos - static_cast<unsigned>(lateTap_)) & inMask;
-        float feedL = inL[lateAt];
-        float feedR = inR[lateAt];
-        for (int a = 0; a < kAllPassesPerSide; ++a) {
-            feedL = diffuseLeft_[static_cast<std::size_t>(a)].process(feedL, diffusion);
-            feedR = diffuseRight_[static_cast<std::size_t>(a)].process(feedR, diffusion);
+        const unsigned lateAt = 2 * ((inPos - lateTap_) & inMask);
+        float feedL = in[lateAt];
+        float feedR = in[lateAt + 1];
+        for (std::size_t a = 0; a < kAllPassesPerSide; ++a) {
+            feedL = allPass(a, feedL);
+            feedR = allPass(a + kAllPassesPerSide, feedR);
         }
+        diffuserPos = (diffuserPos + 1) & diffuserMask;
 
-        std::array<float, kLines> x;
-        float lateL = 0.0f;
-        float lateR = 0.0f;
-        for (std::size_t i = 0; i < kLines; ++i) {
-            const unsigned at = (linePos - static_cast<unsigned>(lineLength_[i])) & lineMask;
-            x[i] = lines[i * static_cast<std::size_t>(lineSize_) + at];
-            lateL += kLeftSign[i] * x[i];
-            lateR += kRightSign[i] * x[i];
-        }
-        for (std::size_t i = 0; i < kLines; ++i) {
-            x[i] = lineDecayState_[i].process(lineDecay_[i], x[i]);
-        }
-        // Three butterfly stages of plane rotations: an orthogonal mix, so the network loses
-        // energy only through the decay filters. At 45 degrees every line reaches every other.
-        for (std::size_t stride = 1; stride < kLines; stride *= 2) {
-            for (std::size_t i = 0; i < kLines; ++i) {
-                if ((i & stride) == 0) {
-                    const float a = x[i];
-                    const float b = x[i + stride];
-                    x[i] = c * a + s * b;
-                    x[i + stride] = c * b - s * a;
-                }
-            }
-        }
-        for (std::size_t i = 0; i < kLines; ++i) {
-            const float feed = (i % 2 == 0) ? feedL : feedR;
-            const float v = x[i] + lineInput_[i] * feed;
-            // A tail that has decayed to nothing becomes exact silence (see flushTiny).
-            lines[i * static_cast<std::size_t>(lineSize_) + linePos] =
-                std::abs(v) < BiquadState::kTiny ? 0.0f : v;
+        auto tapLine = [&](std::size_t i) {
+            return lines[i * size + ((linePos - lineLength_[i]) & lineMask)];
+        };
+        Float4 x0{tapLine(0), tapLine(1), tapLine(2), tapLine(3)};
+        Float4 x1{tapLine(4), tapLine(5), tapLine(6), tapLine(7)};
+        const float lateL = sumOf((x0 + x1) * leftSigns);
+        const float lateR = sumOf(x0 - x1);
+
+        x0 = lineDecayState_[0].process(lineDecay_[0], x0);
+        x1 = lineDecayState_[1].process(lineDecay_[1], x1);
+        // Butterflies between lines 4 apart, then 2 apart, then neighbours.
+        Float4 a = x0 + t * x1;
+        Float4 b = x1 - t * x0;
+        a += swapHalves(a) * halfTurn;
+        b += swapHalves(b) * halfTurn;
+        a += swapNeighbours(a) * pairTurn;
+        b += swapNeighbours(b) * pairTurn;
+        // Even lines take the left input, odd lines the right. A tail that has decayed to
+        // nothing becomes exact silence (see BiquadState::flushTiny).
+        const Float4 feed{feedL, feedR, feedL, feedR};
+        a = flushBelow(a + lineInput_[0] * feed, BiquadState::kTiny);
+        b = flushBelow(b + lineInput_[1] * feed, BiquadState::kTiny);
+        for (std::size_t i = 0; i < 4; ++i) {
+            lines[i * size + linePos] = a[i];
+            lines[(i + 4) * size + linePos] = b[i];
         }
 
         io[2 * frame] = dryL + earlyL + late * lateL;
@@ -234,27 +254,20 @@ void RoomReverb::process(float* io, int frames) {
         inPos = (inPos + 1) & inMask;
         linePos = (linePos + 1) & lineMask;
     }
-    inPos_ = static_cast<int>(inPos);
-    linePos_ = static_cast<int>(linePos);
-    roomHfLeft_.flushTiny();
-    roomHfRight_.flushTiny();
+    inPos_ = inPos;
+    linePos_ = linePos;
+    diffuserPos_ = diffuserPos;
+    roomHfState_.flushTiny();
     for (BiquadState& state : lineDecayState_) {
         state.flushTiny();
     }
 }
 
 void RoomReverb::reset() {
-    std::fill(inLeft_.begin(), inLeft_.end(), 0.0f);
-    std::fill(inRight_.begin(), inRight_.end(), 0.0f);
+    std::fill(in_.begin(), in_.end(), 0.0f);
     std::fill(lines_.begin(), lines_.end(), 0.0f);
-    for (AllPass& ap : diffuseLeft_) {
-        std::fill(ap.buffer.begin(), ap.buffer.end(), 0.0f);
-    }
-    for (AllPass& ap : diffuseRight_) {
-        std::fill(ap.buffer.begin(), ap.buffer.end(), 0.0f);
-    }
-    roomHfLeft_ = {};
-    roomHfRight_ = {};
+    std::fill(diffusers_.begin(), diffusers_.end(), 0.0f);
+    roomHfState_ = {};
     lineDecayState_ = {};
 }
 

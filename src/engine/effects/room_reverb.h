@@ -43,61 +43,47 @@ class RoomReverb final : public EffectUnit {
     const ReverbParams& params() const { return params_; }
 
   private:
-    struct Tap {
-        int delay = 0;  // samples after the direct sound
-        bool fromRight = false;
-        float gain = 0.0f;
-    };
     static constexpr int kTapsPerSide = 6;
-
-    // Schroeder all-pass: (-g + z^-D) / (1 - g z^-D).
-    struct AllPass {
-        std::vector<float> buffer;
-        int mask = 0;
-        int delay = 1;
-        int pos = 0;
-
-        float process(float x, float g) {
-            const float delayed = buffer[static_cast<unsigned>(pos - delay) & mask];
-            const float w = x + g * delayed;
-            buffer[static_cast<unsigned>(pos)] = w;
-            pos = (pos + 1) & mask;
-            return delayed - g * w;
-        }
-    };
     static constexpr int kAllPassesPerSide = 3;
 
     double sampleRate_;
     ReverbParams params_;
 
-    // Input after room level and HF cut, one ring per side.
-    std::vector<float> inLeft_;
-    std::vector<float> inRight_;
-    int inMask_ = 0;
-    int inPos_ = 0;
+    // Input after room level and HF cut: a ring of stereo frames, left then right.
+    std::vector<float> in_;
+    unsigned inMask_ = 0;
+    unsigned inPos_ = 0;
     float roomGain_ = 0.0f;
-    BiquadCoefficients roomHf_;
-    BiquadState roomHfLeft_;
-    BiquadState roomHfRight_;
+    BiquadLanes roomHf_;
+    BiquadState roomHfState_;  // lane 0 left, lane 1 right
 
-    std::array<Tap, kTapsPerSide> tapsLeft_{};
-    std::array<Tap, kTapsPerSide> tapsRight_{};
+    // Early reflections per output side: where each tap reads in the stereo ring, as an
+    // offset from twice the write position (its input side in the lowest bit), and its gain.
+    std::array<unsigned, kTapsPerSide> tapLeftOffset_{};
+    std::array<unsigned, kTapsPerSide> tapRightOffset_{};
+    std::array<float, kTapsPerSide> tapLeftGain_{};
+    std::array<float, kTapsPerSide> tapRightGain_{};
 
-    int lateTap_ = 0;
+    unsigned lateTap_ = 0;
+
+    // Schroeder all-passes, (-g + z^-D) / (1 - g z^-D), three per side in series: rings of
+    // diffuserSize_ each, left ones first, sharing one write position.
+    std::vector<float> diffusers_;
+    unsigned diffuserSize_ = 0;
+    unsigned diffuserPos_ = 0;
+    std::array<unsigned, 2 * kAllPassesPerSide> diffuserDelay_{};
     float diffuserGain_ = 0.0f;
-    std::array<AllPass, kAllPassesPerSide> diffuseLeft_;
-    std::array<AllPass, kAllPassesPerSide> diffuseRight_;
 
+    // The network: lines 0-3 in the lanes of the first Float4 of each pair, 4-7 in the second.
     std::vector<float> lines_;  // kLines rings of lineSize_ each
-    int lineSize_ = 0;
-    int lineMask_ = 0;
-    int linePos_ = 0;
-    std::array<int, kLines> lineLength_{};
-    std::array<float, kLines> lineInput_{};
-    std::array<BiquadCoefficients, kLines> lineDecay_{};
-    std::array<BiquadState, kLines> lineDecayState_{};
-    float mixCos_ = 1.0f;
-    float mixSin_ = 0.0f;
+    unsigned lineSize_ = 0;
+    unsigned lineMask_ = 0;
+    unsigned linePos_ = 0;
+    std::array<unsigned, kLines> lineLength_{};
+    std::array<Float4, 2> lineInput_{};
+    std::array<BiquadLanes, 2> lineDecay_{};
+    std::array<BiquadState, 2> lineDecayState_{};
+    float mixTan_ = 0.0f;
     float lateGain_ = 0.0f;
 };
 
