@@ -30,9 +30,6 @@ class EqualizerBand final : public EffectUnit {
     // each other. The output is that of running them one by one.
     static void processSeries(EqualizerBand* const* bands, int count, float* io, int frames);
 
-    // The filter the band is gliding towards.
-    const BiquadCoefficients& target() const { return target_; }
-
   private:
     static constexpr int kGlideBlock = 32;  // frames between coefficient steps
     static constexpr int kGlideSteps = 16;  // steps of one glide

@@ -29,8 +29,7 @@ constexpr std::array<TapShape, 6> kRightTaps{{{0.0, false, 1.0},
 constexpr double kLongestTapMs = 20.9;
 
 // Line lengths at full density, ms. Lines 0, 2, 4, 6 take the left input, the others the
-// right; lengths share no common factor once rounded at usual rates, so their modes
-// interleave.
+// right. The lengths are spread unevenly so that echoes of different lines seldom coincide.
 constexpr std::array<double, RoomReverb::kLines> kLineMs{29.7, 37.1, 41.1, 43.7,
                                                          53.3, 59.9, 67.1, 73.7};
 // Density 0 shortens the lines to this share of their length.
@@ -40,9 +39,6 @@ constexpr double kShortestLineShare = 0.25;
 constexpr std::array<double, 3> kDiffuserLeftMs{2.9, 4.3, 6.1};
 constexpr std::array<double, 3> kDiffuserRightMs{3.1, 4.7, 6.4};
 constexpr double kMaxDiffuserGain = 0.7;
-
-// Each output takes every line, with signs: left + + - - + + - -, right + + + + - - - -.
-// The two patterns are orthogonal, so left and right tails are uncorrelated.
 
 unsigned powerOfTwoAbove(int n) {
     unsigned size = 1;
@@ -92,8 +88,7 @@ void RoomReverb::set(const ReverbParams& p) {
     // Every value outside its I3DL2 range is clamped into it here, never refused, so that each
     // slider of the effects panel acts; the panel's Reflections slider reaches above the top
     // of its range and then stands at the top.
-    params_ = clampedToRange(p);
-    const ReverbParams& q = params_;
+    const ReverbParams q = clampedToRange(p);
 
     const double refHz = std::min(double{q.hfReference}, 0.45 * sampleRate_);
 
@@ -227,6 +222,8 @@ void RoomReverb::process(float* io, int frames) {
         };
         Float4 x0{tapLine(0), tapLine(1), tapLine(2), tapLine(3)};
         Float4 x1{tapLine(4), tapLine(5), tapLine(6), tapLine(7)};
+        // Each output takes every line, with signs: left + + - - + + - -, right + + + + - - - -.
+        // The two patterns are orthogonal, so left and right tails are uncorrelated.
         const float lateL = sumOf((x0 + x1) * leftSigns);
         const float lateR = sumOf(x0 - x1);
 

@@ -23,7 +23,7 @@ namespace brevane {
 //   diffusers before the network and how much the lines mix into each other (0 gives
 //   separate, audible echoes); `density` scales the line lengths and so the number of modes.
 // - `roomRolloffFactor` scales distance attenuation of a source; the whole mix has no
-//   distance, so it is taken and kept but changes nothing.
+//   distance, so it is accepted but changes nothing.
 //
 // Changes of setting apply at the next frame, without a glide: the program pauses the sound
 // around them.
@@ -39,15 +39,11 @@ class RoomReverb final : public EffectUnit {
     void process(float* io, int frames) override;
     void reset() override;
 
-    // The settings in force, after clamping.
-    const ReverbParams& params() const { return params_; }
-
   private:
     static constexpr int kTapsPerSide = 6;
     static constexpr int kAllPassesPerSide = 3;
 
     double sampleRate_;
-    ReverbParams params_;
 
     // Input after room level and HF cut: a ring of stereo frames, left then right.
     std::vector<float> in_;
