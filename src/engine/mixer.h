@@ -1,0 +1,160 @@
+// The mixing core: 32 channels of mono samples summed to stereo, then the effects chain.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <variant>
+#include <vector>
+
+#include "engine/effects/effect_params.h"
+#include "engine/mix_format.h"
+#include "engine/spsc_queue.h"
+
+namespace brevane {
+
+class EffectsChain;
+
+// A decoded sample, owned by the interface thread and lent to the mixing thread.
+struct SampleRecord {
+    std::vector<float> frames;  // mono, never empty
+    int rate = kMixRate;        // the file's own rate, Hz
+
+    // Mixing-thread bookkeeping: written only by the thread that mixes.
+    int voiceRefs = 0;
+    bool freeRequested = false;
+    // Set by the mixing thread once a freed sample is no longer read by any voice. The
+    // interface thread may delete the record from then on; the mixing thread never touches
+    // it again.
+    std::atomic<bool> released{false};
+};
+
+// An effects chain built on the interface thread and handed to the mixing thread whole.
+struct ChainBox {
+    ChainBox();
+    ~ChainBox();
+    std::unique_ptr<EffectsChain> chain;
+    // Per effect, in chain order: its kind and the chain's own id for it.
+    std::vector<EffectKind> kinds;
+    std::vector<int> ids;
+    // Set by the mixing thread once the chain no longer sounds, as for SampleRecord.
+    std::atomic<bool> released{false};
+};
+
+// A change sent from the interface thread to the mixing thread. Changes take effect at
+// the next sub-block boundary, in the order sent.
+struct MixCommand {
+    enum class Op : std::uint8_t {
+        Play,              // channel, generation, sample
+        Stop,              // channel, generation
+        Volume,            // channel, generation, value 0..255
+        Pan,               // channel, generation, value 0..255
+        Loop,              // channel, generation, value 0 or 1
+        Frequency,         // channel, generation, value in Hz
+        Pause,             // channel, generation, value 0 or 1
+        PauseAll,          // value 0 or 1
+        StopSample,        // sample: stops its voices; the sample is then released
+        SwapChain,         // chain (null: no effects)
+        SetEqualizerBand,  // value: position in the chain, params
+        SetReverb,         // value: position in the chain, params
+        SetEcho,           // value: position in the chain, params
+    };
+    Op op = Op::Stop;
+    std::uint8_t channel = 0;
+    std::uint32_t generation = 0;
+    int value = 0;
+    SampleRecord* sample = nullptr;
+    ChainBox* chain = nullptr;
+    std::variant<std::monostate, EqualizerBandParams, ReverbParams, EchoParams> params;
+};
+
+// The mixer itself. Two sides:
+//  - the interface thread posts commands and reads what the mixer publishes;
+//  - one mixing thread at a time renders (the device callback, or the caller of an
+//    offline render). render() never allocates, never locks, never touches disk and
+//    flushes denormals on its thread.
+class Mixer {
+  public:
+    Mixer();
+    ~Mixer();
+    Mixer(const Mixer&) = delete;
+    Mixer& operator=(const Mixer&) = delete;
+
+    // ---- interface thread ----
+    // False when the queue is full (the command is then not queued).
+    bool post(const MixCommand& command);
+    // The generation of the latest sound on `channel` that has ended by itself or after
+    // a stop; a handle of that generation is then stale.
+    std::uint32_t endedGeneration(int channel) const {
+        return ended_[static_cast<std::size_t>(channel)].load(std::memory_order_acquire);
+    }
+    // Frames rendered since construction; any thread.
+    std::uint64_t framesRendered() const { return framesRendered_.load(std::memory_order_relaxed); }
+
+    // ---- mixing thread ----
+    // Renders `frames` interleaved stereo frames into `out` (overwritten).
+    void render(float* out, int frames);
+    // Applies every queued command without rendering. Only while no other thread mixes.
+    void applyPending();
+    // Drops every voice and effect at once and releases what they held. Only while no
+    // other thread mixes.
+    void reset();
+
+  private:
+    struct Voice {
+        SampleRecord* sample = nullptr;
+        std::uint32_t generation = 0;
+        std::int64_t pos = 0;    // whole input frames
+        std::uint32_t frac = 0;  // fraction of a frame, in 1/kMixRate units
+        std::uint32_t stepInt = 1;
+        std::uint32_t stepFrac = 0;  // step = stepInt + stepFrac / kMixRate, exact
+        int volume = 255;
+        int pan = 128;
+        bool loop = false;
+        bool paused = false;
+        bool stopping = false;
+        bool dirty = false;
+        float gainL = 0.0f, gainR = 0.0f;
+        float targetL = 0.0f, targetR = 0.0f;
+        float stepL = 0.0f, stepR = 0.0f;
+        int rampLeft = 0;
+    };
+    static constexpr int kTailVoices = kChannelCount;
+    static constexpr int kVoices = kChannelCount + kTailVoices;
+
+    void renderSubBlock(float* out);
+    void apply(const MixCommand& c);
+    Voice* channelVoice(const MixCommand& c);
+    void retarget(Voice& v);
+    void moveToTail(Voice& v);
+    void finish(int index);
+    void mixVoice(int index);
+    // Fills `out` with up to `count` resampled frames; returns how many before the sound
+    // ended (count when it did not end).
+    int resample(Voice& v, float* out, int count);
+    bool advanceSilently(Voice& v, int count);
+    void runEffects();
+    void swapChain(ChainBox* box);
+    void retire(ChainBox* box);
+
+    SpscQueue<MixCommand> queue_;
+    std::array<std::atomic<std::uint32_t>, kChannelCount> ended_{};
+    std::atomic<std::uint64_t> framesRendered_{0};
+
+    // Mixing-thread state.
+    std::array<Voice, kVoices> voices_{};
+    alignas(64) std::array<float, 2 * kSubBlockFrames> mix_{};
+    alignas(64) std::array<float, 2 * kSubBlockFrames> fadeMix_{};
+    alignas(64) std::array<float, kSubBlockFrames> mono_{};
+    alignas(64) std::array<float, 2 * kSubBlockFrames> stash_{};
+    int stashPos_ = 0;
+    int stashLeft_ = 0;
+    ChainBox* chain_ = nullptr;
+    bool chainHasPlayed_ = false;
+    bool fading_ = false;  // the previous chain still sounds, fading out
+    ChainBox* fadingChain_ = nullptr;
+    int fadePos_ = 0;
+};
+
+}  // namespace brevane

@@ -1,0 +1,366 @@
+#include "engine/mixer_engine.h"
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <thread>
+
+#include "engine/effects/effects_chain.h"
+#include "engine/sample_decoder.h"
+#include "engine/sdl_backend.h"
+
+namespace brevane {
+
+namespace {
+
+// A channel handle is its generation above the channel index.
+constexpr int kChannelBits = 5;
+static_assert((1 << kChannelBits) == kChannelCount);
+constexpr std::uint32_t kChannelMask = kChannelCount - 1;
+constexpr std::uint32_t kMaxGeneration = std::numeric_limits<std::uint32_t>::max() >> kChannelBits;
+
+// How long a call may wait for the device thread to make room in a full queue before
+// the command is dropped. The device drains the queue every few milliseconds, so this
+// only bites when it has stalled.
+constexpr auto kFullQueueWait = std::chrono::milliseconds(250);
+
+}  // namespace
+
+MixerEngine::MixerEngine(Output output) : output_(output), mixer_(std::make_unique<Mixer>()) {
+    if (output_ == Output::Device) {
+        backend_ = std::make_unique<SdlBackend>();
+        device_ = std::make_unique<DeviceOutput>(*backend_, *mixer_);
+    }
+}
+
+MixerEngine::MixerEngine(std::unique_ptr<DeviceBackend> backend)
+    : output_(Output::Device), mixer_(std::make_unique<Mixer>()), backend_(std::move(backend)) {
+    device_ = std::make_unique<DeviceOutput>(*backend_, *mixer_);
+}
+
+MixerEngine::~MixerEngine() {
+    close();
+}
+
+int MixerEngine::driverCount() {
+    return backend_ ? backend_->deviceCount() : 1;
+}
+
+std::string MixerEngine::driverName(int driver) {
+    if (!backend_) {
+        return driver == 0 ? "Offline render" : "";
+    }
+    return backend_->deviceName(driver);
+}
+
+bool MixerEngine::start(int driver) {
+    if (!device_) {
+        return true;
+    }
+    return device_->start(driver);
+}
+
+void MixerEngine::close() {
+    if (device_) {
+        device_->stop();
+    }
+    // Nothing mixes any more: every voice, sample and chain can go at once.
+    mixer_->reset();
+    for (Channel& c : channels_) {
+        c.live = false;
+        c.sample = 0;
+    }
+    samples_.clear();
+    freedSamples_.clear();
+    effects_.clear();
+    chains_.clear();
+}
+
+bool MixerEngine::mixingElsewhere() const {
+    return device_ && device_->running();
+}
+
+void MixerEngine::send(const MixCommand& command) {
+    if (mixer_->post(command)) {
+        return;
+    }
+    if (!mixingElsewhere()) {
+        // This thread is the only one to mix, and nothing is rendered between now and the
+        // next boundary, so applying the queue now changes no sample.
+        mixer_->applyPending();
+        mixer_->post(command);
+        return;
+    }
+    const auto deadline = std::chrono::steady_clock::now() + kFullQueueWait;
+    while (std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        if (mixer_->post(command)) {
+            return;
+        }
+    }
+}
+
+void MixerEngine::collectReleased() {
+    std::erase_if(freedSamples_,
+                  [](const auto& s) { return s->released.load(std::memory_order_acquire); });
+    std::erase_if(chains_,
+                  [](const auto& c) { return c->released.load(std::memory_order_acquire); });
+}
+
+SampleHandle MixerEngine::loadSample(const std::filesystem::path& file) {
+    collectReleased();
+    std::optional<DecodedSample> decoded = decodeSampleFile(file);
+    if (!decoded) {
+        return 0;
+    }
+    auto record = std::make_unique<SampleRecord>();
+    record->frames = std::move(decoded->frames);
+    record->rate = decoded->rate;
+    if (nextSample_ == 0) {
+        nextSample_ = 1;  // after four billion loads
+    }
+    const SampleHandle handle = nextSample_++;
+    samples_[handle] = std::move(record);
+    return handle;
+}
+
+void MixerEngine::freeSample(SampleHandle sample) {
+    collectReleased();
+    const auto it = samples_.find(sample);
+    if (it == samples_.end()) {
+        return;
+    }
+    for (Channel& c : channels_) {
+        if (c.sample == sample) {
+            c.live = false;
+            c.sample = 0;
+        }
+    }
+    MixCommand command;
+    command.op = MixCommand::Op::StopSample;
+    command.sample = it->second.get();
+    send(command);
+    freedSamples_.push_back(std::move(it->second));
+    samples_.erase(it);
+}
+
+bool MixerEngine::busy(int channel) const {
+    const Channel& c = channels_[static_cast<std::size_t>(channel)];
+    return c.live && mixer_->endedGeneration(channel) != c.generation;
+}
+
+int MixerEngine::pickChannel() const {
+    for (int i = 0; i < kChannelCount; ++i) {
+        if (!busy(i)) {
+            return i;
+        }
+    }
+    // All play: the earliest one-shot gives way; a loop only when nothing else plays.
+    int best = -1;
+    for (const bool loops : {false, true}) {
+        for (int i = 0; i < kChannelCount; ++i) {
+            const Channel& c = channels_[static_cast<std::size_t>(i)];
+            if (c.loop == loops &&
+                (best < 0 || c.serial < channels_[static_cast<std::size_t>(best)].serial)) {
+                best = i;
+            }
+        }
+        if (best >= 0) {
+            return best;
+        }
+    }
+    return 0;
+}
+
+ChannelHandle MixerEngine::play(SampleHandle sample) {
+    const auto it = samples_.find(sample);
+    if (it == samples_.end()) {
+        return 0;
+    }
+    const int index = pickChannel();
+    Channel& c = channels_[static_cast<std::size_t>(index)];
+    c.generation = nextGeneration_;
+    nextGeneration_ = nextGeneration_ == kMaxGeneration ? 1 : nextGeneration_ + 1;
+    c.sample = sample;
+    c.serial = nextSerial_++;
+    c.loop = false;
+    c.live = true;
+    MixCommand command;
+    command.op = MixCommand::Op::Play;
+    command.channel = static_cast<std::uint8_t>(index);
+    command.generation = c.generation;
+    command.sample = it->second.get();
+    send(command);
+    return (c.generation << kChannelBits) | static_cast<std::uint32_t>(index);
+}
+
+int MixerEngine::channelOf(ChannelHandle handle) const {
+    if (handle == 0) {
+        return -1;
+    }
+    const auto index = static_cast<int>(handle & kChannelMask);
+    const Channel& c = channels_[static_cast<std::size_t>(index)];
+    if (!c.live || c.generation != handle >> kChannelBits) {
+        return -1;
+    }
+    return index;
+}
+
+void MixerEngine::sendToChannel(ChannelHandle handle, MixCommand::Op op, int value) {
+    const int index = channelOf(handle);
+    if (index < 0) {
+        return;
+    }
+    MixCommand command;
+    command.op = op;
+    command.channel = static_cast<std::uint8_t>(index);
+    command.generation = channels_[static_cast<std::size_t>(index)].generation;
+    command.value = value;
+    send(command);
+}
+
+void MixerEngine::stop(ChannelHandle channel) {
+    const int index = channelOf(channel);
+    sendToChannel(channel, MixCommand::Op::Stop, 0);
+    if (index >= 0) {
+        channels_[static_cast<std::size_t>(index)].live = false;
+    }
+}
+
+void MixerEngine::setVolume(ChannelHandle channel, int volume) {
+    sendToChannel(channel, MixCommand::Op::Volume, std::clamp(volume, 0, 255));
+}
+
+void MixerEngine::setPan(ChannelHandle channel, int pan) {
+    sendToChannel(channel, MixCommand::Op::Pan, std::clamp(pan, 0, 255));
+}
+
+void MixerEngine::setLoopMode(ChannelHandle channel, LoopMode mode) {
+    const int index = channelOf(channel);
+    if (index >= 0) {
+        channels_[static_cast<std::size_t>(index)].loop = mode == LoopMode::Normal;
+    }
+    sendToChannel(channel, MixCommand::Op::Loop, mode == LoopMode::Normal ? 1 : 0);
+}
+
+void MixerEngine::setFrequency(ChannelHandle channel, int hz) {
+    sendToChannel(channel, MixCommand::Op::Frequency, std::clamp(hz, kMinFrequency, kMaxFrequency));
+}
+
+void MixerEngine::setPaused(ChannelHandle channel, bool paused) {
+    sendToChannel(channel, MixCommand::Op::Pause, paused ? 1 : 0);
+}
+
+void MixerEngine::setAllPaused(bool paused) {
+    MixCommand command;
+    command.op = MixCommand::Op::PauseAll;
+    command.value = paused ? 1 : 0;
+    send(command);
+}
+
+bool MixerEngine::isPlaying(ChannelHandle channel) {
+    const int index = channelOf(channel);
+    return index >= 0 && busy(index);
+}
+
+std::unique_ptr<ChainBox> MixerEngine::buildChain(const std::vector<Effect>& effects) const {
+    auto box = std::make_unique<ChainBox>();
+    box->chain = std::make_unique<EffectsChain>(kMixRate);
+    for (const Effect& e : effects) {
+        const int id = box->chain->enable(e.kind);
+        if (id < 0) {
+            return nullptr;
+        }
+        box->kinds.push_back(e.kind);
+        box->ids.push_back(id);
+        if (const auto* eq = std::get_if<EqualizerBandParams>(&e.params)) {
+            box->chain->setEqualizerBand(id, *eq);
+        } else if (const auto* reverb = std::get_if<ReverbParams>(&e.params)) {
+            box->chain->setReverb(id, *reverb);
+        } else if (const auto* echo = std::get_if<EchoParams>(&e.params)) {
+            box->chain->setEcho(id, *echo);
+        }
+    }
+    return box;
+}
+
+int MixerEngine::enableEffect(EffectKind kind) {
+    collectReleased();
+    std::vector<Effect> next = effects_;
+    next.push_back(Effect{kind, {}});
+    // The sounding chain is never changed in place: a new one is built here and handed
+    // over whole, and the mixer fades from the old to the new.
+    std::unique_ptr<ChainBox> box = buildChain(next);
+    if (!box) {
+        return -1;
+    }
+    effects_ = std::move(next);
+    MixCommand command;
+    command.op = MixCommand::Op::SwapChain;
+    command.chain = box.get();
+    chains_.push_back(std::move(box));
+    send(command);
+    return static_cast<int>(effects_.size()) - 1;
+}
+
+void MixerEngine::disableEffects() {
+    collectReleased();
+    effects_.clear();
+    MixCommand command;
+    command.op = MixCommand::Op::SwapChain;
+    command.chain = nullptr;
+    send(command);
+}
+
+void MixerEngine::sendParams(
+    MixCommand::Op op, int id, EffectKind kind,
+    const std::variant<std::monostate, EqualizerBandParams, ReverbParams, EchoParams>& params) {
+    if (id < 0 || static_cast<std::size_t>(id) >= effects_.size() ||
+        effects_[static_cast<std::size_t>(id)].kind != kind) {
+        return;
+    }
+    // Kept for the chains built later, and sent to the sounding one.
+    effects_[static_cast<std::size_t>(id)].params = params;
+    MixCommand command;
+    command.op = op;
+    command.value = id;
+    command.params = params;
+    send(command);
+}
+
+void MixerEngine::setEqualizerBand(int id, const EqualizerBandParams& p) {
+    sendParams(MixCommand::Op::SetEqualizerBand, id, EffectKind::Equalizer, p);
+}
+
+void MixerEngine::setReverb(int id, const ReverbParams& p) {
+    sendParams(MixCommand::Op::SetReverb, id, EffectKind::Reverb, p);
+}
+
+void MixerEngine::setEcho(int id, const EchoParams& p) {
+    sendParams(MixCommand::Op::SetEcho, id, EffectKind::Echo, p);
+}
+
+void MixerEngine::render(float* out, int frames) {
+    if (output_ != Output::Offline || frames <= 0) {
+        return;
+    }
+    mixer_->render(out, frames);
+}
+
+std::vector<float> MixerEngine::render(int frames) {
+    std::vector<float> out(2 * static_cast<std::size_t>(std::max(frames, 0)));
+    render(out.data(), frames);
+    return out;
+}
+
+std::size_t MixerEngine::sampleFrames(SampleHandle sample) const {
+    const auto it = samples_.find(sample);
+    return it == samples_.end() ? 0 : it->second->frames.size();
+}
+
+int MixerEngine::sampleRate(SampleHandle sample) const {
+    const auto it = samples_.find(sample);
+    return it == samples_.end() ? 0 : it->second->rate;
+}
+
+}  // namespace brevane

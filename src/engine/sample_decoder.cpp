@@ -1,0 +1,202 @@
+#include "engine/sample_decoder.h"
+
+#include <cmath>
+#include <memory>
+#include <mutex>
+#include <system_error>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/channel_layout.h>
+#include <libavutil/log.h>
+#include <libavutil/opt.h>
+#include <libswresample/swresample.h>
+}
+
+namespace brevane {
+
+namespace {
+
+// Owners of the FFmpeg objects, so every way out of the decoder frees them.
+struct FormatCloser {
+    void operator()(AVFormatContext* f) const { avformat_close_input(&f); }
+};
+struct CodecFreer {
+    void operator()(AVCodecContext* c) const { avcodec_free_context(&c); }
+};
+struct FrameFreer {
+    void operator()(AVFrame* f) const { av_frame_free(&f); }
+};
+struct PacketFreer {
+    void operator()(AVPacket* p) const { av_packet_free(&p); }
+};
+struct SwrFreer {
+    void operator()(SwrContext* s) const { swr_free(&s); }
+};
+
+// Longest sample accepted: an hour at 192 kHz. Guards against a damaged header that
+// claims an endless stream.
+constexpr std::size_t kMaxFrames = std::size_t{192000} * 3600;
+
+class Decoder {
+  public:
+    bool open(const std::filesystem::path& file) {
+        AVFormatContext* raw = nullptr;
+        if (avformat_open_input(&raw, file.c_str(), nullptr, nullptr) < 0) {
+            return false;
+        }
+        format_.reset(raw);
+        if (avformat_find_stream_info(format_.get(), nullptr) < 0) {
+            return false;
+        }
+        const AVCodec* codec = nullptr;
+        stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
+        if (stream_ < 0 || codec == nullptr) {
+            return false;
+        }
+        codec_.reset(avcodec_alloc_context3(codec));
+        if (!codec_) {
+            return false;
+        }
+        const AVStream* st = format_->streams[stream_];
+        if (avcodec_parameters_to_context(codec_.get(), st->codecpar) < 0) {
+            return false;
+        }
+        codec_->thread_count = 1;
+        if (avcodec_open2(codec_.get(), codec, nullptr) < 0) {
+            return false;
+        }
+        if (codec_->sample_rate <= 0 || codec_->ch_layout.nb_channels <= 0) {
+            return false;
+        }
+        frame_.reset(av_frame_alloc());
+        packet_.reset(av_packet_alloc());
+        return frame_ && packet_;
+    }
+
+    // Reads every packet of the stream. A read error part-way ends the stream: what was
+    // decoded until then is kept.
+    bool decodeAll(DecodedSample& out) {
+        out.rate = codec_->sample_rate;
+        while (av_read_frame(format_.get(), packet_.get()) >= 0) {
+            const bool ours = packet_->stream_index == stream_;
+            const int sent = ours ? avcodec_send_packet(codec_.get(), packet_.get()) : 0;
+            av_packet_unref(packet_.get());
+            if (sent < 0 && sent != AVERROR(EAGAIN) && sent != AVERROR_INVALIDDATA) {
+                break;
+            }
+            if (!drain(out)) {
+                return false;
+            }
+        }
+        avcodec_send_packet(codec_.get(), nullptr);
+        return drain(out);
+    }
+
+  private:
+    bool drain(DecodedSample& out) {
+        for (;;) {
+            const int r = avcodec_receive_frame(codec_.get(), frame_.get());
+            if (r == AVERROR(EAGAIN) || r == AVERROR_EOF) {
+                return true;
+            }
+            if (r < 0) {
+                return r == AVERROR_INVALIDDATA;  // a damaged frame is skipped
+            }
+            const bool ok = convert(out);
+            av_frame_unref(frame_.get());
+            if (!ok) {
+                return false;
+            }
+        }
+    }
+
+    // Converts one decoded frame to planar float and appends the mean of its channels.
+    bool convert(DecodedSample& out) {
+        AVFrame* f = frame_.get();
+        const int channels = f->ch_layout.nb_channels;
+        if (channels <= 0 || f->nb_samples <= 0) {
+            return true;
+        }
+        const auto format = static_cast<AVSampleFormat>(f->format);
+        if (!swr_ || channels != swrChannels_ || format != swrFormat_) {
+            SwrContext* s = nullptr;
+            AVChannelLayout layout;
+            av_channel_layout_default(&layout, channels);
+            // Same layout, rate and channel count on both sides: a pure format change.
+            const int r = swr_alloc_set_opts2(&s, &layout, AV_SAMPLE_FMT_FLTP, f->sample_rate,
+                                              &layout, format, f->sample_rate, 0, nullptr);
+            av_channel_layout_uninit(&layout);
+            swr_.reset(s);
+            if (r < 0 || !swr_ || swr_init(swr_.get()) < 0) {
+                swr_.reset();
+                return false;
+            }
+            swrChannels_ = channels;
+            swrFormat_ = format;
+        }
+        if (out.frames.size() + static_cast<std::size_t>(f->nb_samples) > kMaxFrames) {
+            return false;
+        }
+        planes_.resize(static_cast<std::size_t>(channels));
+        std::vector<std::uint8_t*> pointers(static_cast<std::size_t>(channels));
+        for (std::size_t c = 0; c < planes_.size(); ++c) {
+            planes_[c].resize(static_cast<std::size_t>(f->nb_samples));
+            pointers[c] = reinterpret_cast<std::uint8_t*>(planes_[c].data());
+        }
+        const int got =
+            swr_convert(swr_.get(), pointers.data(), f->nb_samples,
+                        const_cast<const std::uint8_t**>(f->extended_data), f->nb_samples);
+        if (got < 0) {
+            return false;
+        }
+        const std::size_t base = out.frames.size();
+        out.frames.resize(base + static_cast<std::size_t>(got));
+        const float scale = 1.0f / static_cast<float>(channels);
+        for (int i = 0; i < got; ++i) {
+            float sum = 0.0f;
+            for (const auto& plane : planes_) {
+                sum += plane[static_cast<std::size_t>(i)];
+            }
+            out.frames[base + static_cast<std::size_t>(i)] = sum * scale;
+        }
+        return true;
+    }
+
+    std::unique_ptr<AVFormatContext, FormatCloser> format_;
+    std::unique_ptr<AVCodecContext, CodecFreer> codec_;
+    std::unique_ptr<AVFrame, FrameFreer> frame_;
+    std::unique_ptr<AVPacket, PacketFreer> packet_;
+    std::unique_ptr<SwrContext, SwrFreer> swr_;
+    int swrChannels_ = 0;
+    AVSampleFormat swrFormat_ = AV_SAMPLE_FMT_NONE;
+    std::vector<std::vector<float>> planes_;
+    int stream_ = -1;
+};
+
+}  // namespace
+
+std::optional<DecodedSample> decodeSampleFile(const std::filesystem::path& file) {
+    static std::once_flag quiet;
+    std::call_once(quiet, [] { av_log_set_level(AV_LOG_QUIET); });
+
+    std::error_code ec;
+    // Only plain files: a folder, a pipe or a device would fail or never end.
+    if (!std::filesystem::is_regular_file(file, ec) || ec) {
+        return std::nullopt;
+    }
+    Decoder decoder;
+    DecodedSample out;
+    if (!decoder.open(file) || !decoder.decodeAll(out) || out.frames.empty() || out.rate <= 0) {
+        return std::nullopt;
+    }
+    for (float& x : out.frames) {
+        if (!std::isfinite(x)) {
+            x = 0.0f;  // a float file may carry garbage; the mix must stay finite
+        }
+    }
+    return out;
+}
+
+}  // namespace brevane

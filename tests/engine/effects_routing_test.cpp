@@ -1,0 +1,160 @@
+// How the engine hands effect calls to the chain on the mix; the effects' own sound is
+// tested with the effects.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "base/temp_tree.h"
+#include "engine/mixer_engine.h"
+#include "test_sounds.h"
+
+namespace brevane {
+namespace {
+
+using test::largestStep;
+using test::peak;
+using test::rms;
+using test::side;
+
+double db(double ratio) {
+    return 20.0 * std::log10(ratio);
+}
+
+class EffectsRouting : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        // 1 kHz, 441 whole periods: a seamless loop.
+        tone = engine.loadSample(
+            test::writeMono(tree.root(), "tone.wav", test::sine(1000.0, 44100, 44100), 44100));
+        ASSERT_NE(tone, 0u);
+    }
+    // Level of the left side over the last half of `frames` rendered frames.
+    double level(int frames = 22050) {
+        const std::vector<float> out = engine.render(frames);
+        return rms(side(out, 0, static_cast<std::size_t>(frames / 2)));
+    }
+    ChannelHandle playLoop() {
+        const ChannelHandle c = engine.play(tone);
+        engine.setLoopMode(c, LoopMode::Normal);
+        return c;
+    }
+    static ReverbParams bigRoom() {
+        ReverbParams p;
+        p.room = 0.0f;
+        p.roomHF = 0.0f;
+        p.decayTime = 5.0f;
+        p.reverb = 1000.0f;
+        return p;
+    }
+
+    TempTree tree;
+    MixerEngine engine{MixerEngine::Output::Offline};
+    SampleHandle tone = 0;
+};
+
+TEST_F(EffectsRouting, EqualizerBandsReachTheMixByTheirIds) {
+    playLoop();
+    const double dry = level();
+    ASSERT_GT(dry, 0.1);
+
+    const int low = engine.enableEffect(EffectKind::Equalizer);
+    const int mid = engine.enableEffect(EffectKind::Equalizer);
+    EXPECT_EQ(low, 0);
+    EXPECT_EQ(mid, 1);
+    EXPECT_NEAR(db(level() / dry), 0.0, 0.1);  // fresh bands are flat
+
+    engine.setEqualizerBand(mid, {1000.0f, 18.0f, 15.0f});
+    EXPECT_NEAR(db(level() / dry), 15.0, 1.0);
+    engine.setEqualizerBand(low, {80.0f, 18.0f, -15.0f});  // far from the tone
+    EXPECT_NEAR(db(level() / dry), 15.0, 1.0);
+    engine.setEqualizerBand(mid, {1000.0f, 18.0f, -15.0f});
+    EXPECT_NEAR(db(level() / dry), -15.0, 1.0);
+
+    // A later enable rebuilds the chain; the bands keep their settings.
+    engine.enableEffect(EffectKind::Echo);
+    EXPECT_EQ(engine.enableEffect(EffectKind::Equalizer), 3);
+    engine.setEcho(2, EchoParams{0.0f, 0.0f, 10.0f, 10.0f, false});  // all dry
+    EXPECT_NEAR(db(level() / dry), -15.0, 1.0);
+
+    engine.disableEffects();
+    EXPECT_NEAR(db(level() / dry), 0.0, 0.01);
+}
+
+TEST_F(EffectsRouting, CallsWithAnotherKindsIdOrAnUnknownIdChangeNothing) {
+    playLoop();
+    const double dry = level();
+    const int band = engine.enableEffect(EffectKind::Equalizer);
+    engine.setReverb(band, bigRoom());
+    engine.setEcho(band, EchoParams{100.0f, 90.0f, 100.0f, 100.0f, false});
+    engine.setEqualizerBand(7, {1000.0f, 18.0f, 15.0f});
+    engine.setEqualizerBand(-1, {1000.0f, 18.0f, 15.0f});
+    EXPECT_NEAR(db(level() / dry), 0.0, 0.1);
+
+    // Ids die with the chain.
+    engine.disableEffects();
+    engine.setEqualizerBand(band, {1000.0f, 18.0f, 15.0f});
+    EXPECT_NEAR(db(level() / dry), 0.0, 0.01);
+    EXPECT_EQ(engine.enableEffect(EffectKind::Reverb), 0);  // numbering starts again
+}
+
+TEST_F(EffectsRouting, ReverbOnTheMixLeavesATailAfterTheSoundStops) {
+    const ChannelHandle ch = playLoop();
+    engine.render(4410);
+    engine.stop(ch);
+    engine.render(4410);
+    EXPECT_EQ(peak(engine.render(4410)), 0.0);  // dry: silence after the stop
+
+    const ChannelHandle again = playLoop();
+    const int reverb = engine.enableEffect(EffectKind::Reverb);
+    engine.setReverb(reverb, bigRoom());
+    engine.render(44100);
+    engine.stop(again);
+    engine.render(4410);
+    EXPECT_GT(rms(side(engine.render(4410), 0)), 1e-3);
+}
+
+TEST_F(EffectsRouting, ARebuildWhilePausedNeitherClicksNorKeepsTheOldTail) {
+    playLoop();
+    const int reverb = engine.enableEffect(EffectKind::Reverb);
+    engine.setReverb(reverb, bigRoom());
+    // Whole sub-blocks, so that each call lands on the first frame of the next render.
+    engine.render(44160);
+
+    // The panel's rebuild: pause all, drop every effect, build the chain again.
+    engine.setAllPaused(true);
+    const std::vector<float> before = engine.render(4096);  // only the tail sounds now
+    const std::vector<float> tailOnly = side(before, 0, 1024);
+    ASSERT_GT(rms(tailOnly), 1e-3);
+    engine.disableEffects();
+    const int rebuilt = engine.enableEffect(EffectKind::Reverb);
+    engine.setReverb(rebuilt, bigRoom());
+    const std::vector<float> after = engine.render(4096);
+
+    // No jump at the hand-over larger than the tail makes by itself...
+    std::vector<float> across(tailOnly.end() - 64, tailOnly.end());
+    const std::vector<float> next = side(after, 0, 0, 512);
+    across.insert(across.end(), next.begin(), next.end());
+    EXPECT_LT(largestStep(across), 1.5 * largestStep(tailOnly));
+    // ...and the old tail is gone once the fade is over: the new reverb hears silence.
+    EXPECT_EQ(peak(side(after, 0, 256)), 0.0);
+    EXPECT_EQ(peak(side(after, 1, 256)), 0.0);
+
+    engine.setAllPaused(false);
+    EXPECT_GT(rms(side(engine.render(8192), 0, 4096)), 0.1);
+}
+
+TEST_F(EffectsRouting, ReplacedChainsAreGivenBack) {
+    playLoop();
+    for (int i = 0; i < 20; ++i) {
+        engine.disableEffects();
+        engine.enableEffect(EffectKind::Reverb);
+        engine.enableEffect(EffectKind::Equalizer);
+    }
+    EXPECT_EQ(engine.chainsHeld(), 40u);
+    engine.render(1024);
+    engine.enableEffect(EffectKind::Echo);
+    EXPECT_EQ(engine.chainsHeld(), 2u);  // the sounding chain and the one just built
+}
+
+}  // namespace
+}  // namespace brevane
