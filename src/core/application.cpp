@@ -64,6 +64,12 @@ void Application::hideBanks() {
     }
 }
 
+void Application::placeLike(const PanelWindow& target, const PanelWindow& reference) {
+    if (placeWindow) {
+        placeWindow(target, reference);
+    }
+}
+
 void Application::unloadPanels() {
     // In turn: Alarm, folderselect, Form1, Form2, Form3, Form33, form999,
     // formexportscen, Formfolderselect, Formmp3adddir, Formtips,

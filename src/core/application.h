@@ -85,6 +85,12 @@ class Application {
     // Hides every bank panel (the Identify panel's bank buttons).
     void hideBanks();
 
+    // One panel taking another's place on screen: `target` moves to where `reference`
+    // stands. Positions belong to the interface, which sets placeWindow; without it
+    // (headless) nothing moves.
+    std::function<void(const PanelWindow& target, const PanelWindow& reference)> placeWindow;
+    void placeLike(const PanelWindow& target, const PanelWindow& reference);
+
     // The last act of the quit: every panel unloads in turn.
     void unloadPanels();
 

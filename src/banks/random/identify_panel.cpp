@@ -56,6 +56,7 @@ void IdentifyPanel::showBank(int number) {
     if (bank == nullptr) {
         return;
     }
+    app_.placeLike(bank->window, app_.frmmain.window);
     app_.hideBanks();
     app_.frmmain.window.hide();
     bank->show();

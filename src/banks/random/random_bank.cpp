@@ -41,6 +41,7 @@ RandomBank::RandomBank(Application& app, RandomBankConfig config)
         button.onClick = [this, b] {
             RandomBank* target = app_.randomBank(b);
             if (target != nullptr && target != this) {
+                app_.placeLike(target->window, window);
                 window.hide();
                 target->show();
             }
@@ -48,10 +49,12 @@ RandomBank::RandomBank(Application& app, RandomBankConfig config)
     }
     mainButton.setCaption("Main");
     mainButton.onClick = [this] {
+        app_.placeLike(app_.frmmain.window, window);
         window.hide();
         app_.frmmain.window.show();
     };
     identifyButton.setCaption("Identify");
+    // The Identify panel opens beside the bank, which stays: the two are read together.
     identifyButton.onClick = [this] { app_.Frmsoundindent.window.show(); };
 
     Timer2.onTick = [this] { tick(); };

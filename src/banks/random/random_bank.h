@@ -68,8 +68,9 @@ class RandomBank : public MixGroupFollower {
     GroupSlider Bwaves{MixGroup::Bwaves};
     GroupSlider Master{MixGroup::Master};
 
-    // Buttons to the four banks ("Bank 1" to "Bank 4", this bank's own disabled), to
-    // the console ("Main") and to the Identify panel ("Identify").
+    // Buttons to the four banks ("Bank 1" to "Bank 4", this bank's own disabled) and to
+    // the console ("Main"): the target takes this panel's place on screen. "Identify"
+    // opens the Identify panel beside it.
     std::array<CommandButton, 4> bankButtons;
     CommandButton mainButton;
     CommandButton identifyButton;
