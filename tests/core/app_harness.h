@@ -1,0 +1,77 @@
+#pragma once
+// The whole Application on a temporary tree, on virtual time, with scripted dialogs,
+// a memory settings store and a seeded random source. The engine is a template
+// argument: a RecordingEngine to read the calls, or the real mixer rendering offline.
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "base/dialogs.h"
+#include "base/event_loop.h"
+#include "base/file_io.h"
+#include "base/random.h"
+#include "base/settings_store.h"
+#include "base/temp_tree.h"
+#include "core/application.h"
+
+namespace brevane::test {
+
+template <class Engine>
+class AppHarness {
+  public:
+    template <class... EngineArgs>
+    explicit AppHarness(std::uint64_t seed = 1234, EngineArgs&&... engineArgs)
+        : engine(std::forward<EngineArgs>(engineArgs)...), random(seed) {
+        std::filesystem::create_directories(tree.root() / "bin");
+    }
+
+    // Builds the Application; its constructor does nothing but wire the panels.
+    Application& build() {
+        if (!app) {
+            app = std::make_unique<Application>(
+                Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random});
+            app->onExit = [this](ExitKind kind) { exits.push_back(kind); };
+        }
+        return *app;
+    }
+
+    // Start-up as the program does it: the splash, then its timer runs the load.
+    Application& startAndLoad() {
+        build().start();
+        loop.advance(StartupSplash::kHandOverMs);
+        return *app;
+    }
+
+    void writeFile(const std::string& relative, const std::string& content) {
+        const auto path = AppPath(tree.root()) / relative;
+        std::filesystem::create_directories(path.parent_path());
+        ASSERT_TRUE(writeFileAtomically(path, content));
+    }
+
+    // Every file of the tree, relative, for checks that nothing was written.
+    std::vector<std::string> treeFiles() const {
+        std::vector<std::string> files;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(tree.root())) {
+            if (entry.is_regular_file()) {
+                files.push_back(entry.path().lexically_relative(tree.root()).generic_string());
+            }
+        }
+        return files;
+    }
+
+    TempTree tree;
+    Engine engine;
+    EventLoop loop;
+    ScriptedDialogs dialogs;
+    MemorySettingsStore settings;
+    brevane::Random random;
+    std::unique_ptr<Application> app;
+    std::vector<ExitKind> exits;
+};
+
+}  // namespace brevane::test
