@@ -195,8 +195,8 @@ TEST(GroupSliders, MasterRecomputesThePlayingChannelsOfEveryBankButSlotOne) {
         }
         EXPECT_TRUE(sawSlot7) << bank->config().heading;
     }
-    // 27 slots of 4 banks, each once.
-    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), 4u * 27u);
+    // 27 slots of 4 banks and the 17 of each background bank, each once.
+    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), 4u * 27u + 3u * 17u);
 }
 
 TEST(RandomButton, ShowsTheBankLastShown) {

@@ -1,0 +1,43 @@
+#include "ui/core/application_views.h"
+
+#include "core/application.h"
+#include "ui/banks/random/identify_view.h"
+#include "ui/banks/random/random_bank_view.h"
+#include "ui/core/main_window.h"
+#include "ui/core/splash_view.h"
+
+namespace brevane {
+
+ApplicationViews::ApplicationViews(Application& app) : app_(app) {
+    mainWindow_ = std::make_unique<MainWindow>(app.frmmain);
+    byPanel_[&app.frmmain.window] = mainWindow_.get();
+    add(app.STARTUP.window, std::make_unique<SplashView>(app.STARTUP));
+    for (RandomBank* bank : app.randomBanks()) {
+        add(bank->window, std::make_unique<RandomBankView>(*bank));
+    }
+    add(app.Frmsoundindent.window, std::make_unique<IdentifyView>(app.Frmsoundindent));
+
+    app.placeWindow = [this](const PanelWindow& target, const PanelWindow& reference) {
+        QWidget* to = windowOf(target);
+        QWidget* from = windowOf(reference);
+        if (to != nullptr && from != nullptr) {
+            to->move(from->pos());
+        }
+    };
+}
+
+ApplicationViews::~ApplicationViews() {
+    app_.placeWindow = nullptr;
+}
+
+void ApplicationViews::add(const PanelWindow& panel, std::unique_ptr<QWidget> window) {
+    byPanel_[&panel] = window.get();
+    windows_.push_back(std::move(window));
+}
+
+QWidget* ApplicationViews::windowOf(const PanelWindow& panel) const {
+    const auto it = byPanel_.find(&panel);
+    return it == byPanel_.end() ? nullptr : it->second;
+}
+
+}  // namespace brevane

@@ -1,0 +1,83 @@
+#include "ui/core/panel_window_follow.h"
+
+#include <QCloseEvent>
+#include <QEvent>
+#include <QLabel>
+#include <QObject>
+
+#include "ui/platform/qt_text.h"
+
+namespace brevane {
+
+namespace {
+
+class PanelWindowFollower final : public QObject {
+  public:
+    PanelWindowFollower(PanelWindow& panel, QWidget& window, OnClose onClose)
+        : QObject(&window), panel_(panel), window_(window), onClose_(onClose) {
+        window_.installEventFilter(this);
+        watchId_ = panel_.watch([this] { show(); });
+        show();
+    }
+    ~PanelWindowFollower() override { panel_.unwatch(watchId_); }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &window_ && event->type() == QEvent::Close &&
+            onClose_ == OnClose::HidePanel) {
+            event->ignore();
+            panel_.hide();
+            return true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void show() {
+        const QString title = qtDisplayText(panel_.caption());
+        if (window_.windowTitle() != title) {
+            window_.setWindowTitle(title);
+        }
+        if (panel_.visible() && window_.isHidden()) {
+            window_.show();
+            window_.raise();
+            window_.activateWindow();
+        } else if (!panel_.visible() && !window_.isHidden()) {
+            window_.hide();
+        }
+    }
+
+    PanelWindow& panel_;
+    QWidget& window_;
+    OnClose onClose_;
+    Control::WatchId watchId_ = 0;
+};
+
+class ValueReadout final : public QObject {
+  public:
+    ValueReadout(RangeControl& control, QLabel& label)
+        : QObject(&label), control_(control), label_(label) {
+        watchId_ = control_.watch([this] { show(); });
+        show();
+    }
+    ~ValueReadout() override { control_.unwatch(watchId_); }
+
+  private:
+    void show() { label_.setText(QString::number(control_.value())); }
+
+    RangeControl& control_;
+    QLabel& label_;
+    Control::WatchId watchId_ = 0;
+};
+
+}  // namespace
+
+void followPanelWindow(PanelWindow& panel, QWidget& window, OnClose onClose) {
+    new PanelWindowFollower(panel, window, onClose);
+}
+
+void showValue(RangeControl& control, QLabel& label) {
+    new ValueReadout(control, label);
+}
+
+}  // namespace brevane

@@ -1,0 +1,30 @@
+#pragma once
+// Top-level windows that follow their panel's window state, and small read-outs of a
+// control's value. Views hold no state: the panel says shown or hidden, and the
+// window shows it.
+//
+// Ownership: the helpers are children of the widget and stop watching the control
+// when it is destroyed; the control must outlive the widget. Event thread only.
+
+#include <QWidget>
+
+#include "base/controls.h"
+
+class QLabel;
+
+namespace brevane {
+
+enum class OnClose {
+    // Closing the window by its frame hides the panel; the panel lives on.
+    HidePanel,
+    // The frame's close is left to someone else (the program's quit routine).
+    Leave,
+};
+
+// Shows or hides `window` with the panel, and titles it with the panel's caption.
+void followPanelWindow(PanelWindow& panel, QWidget& window, OnClose onClose);
+
+// Keeps `label` showing the control's value as a number.
+void showValue(RangeControl& control, QLabel& label);
+
+}  // namespace brevane
