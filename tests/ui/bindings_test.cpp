@@ -1,0 +1,480 @@
+#include "ui/binding/bindings.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+#include <memory>
+
+#include "ui/widgets/style.h"
+
+namespace brevane {
+namespace {
+
+// A shown window standing in for a view, so visibility and focus behave as on
+// screen. Declared after the controls it shows, so it goes first, as a view must.
+class View {
+  public:
+    View() {
+        window.resize(300, 200);
+        window.show();
+    }
+    template <class W>
+    W* add() {
+        auto* w = new W(&window);
+        w->show();
+        return w;
+    }
+    QWidget window;
+};
+
+// ---- sliders and scroll bars ----
+
+TEST(Binding, SliderFollowsTheControlAndTheControlFollowsTheWidget) {
+    Slider control(0, 255, 40);
+    control.setSmallChange(2);
+    control.setLargeChange(16);
+    View view;
+    auto* widget = view.add<QSlider>();
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->minimum(), 0);
+    EXPECT_EQ(widget->maximum(), 255);
+    EXPECT_EQ(widget->value(), 40);
+    EXPECT_EQ(widget->singleStep(), 2);
+    EXPECT_EQ(widget->pageStep(), 16);
+
+    int changes = 0;
+    control.onChange = [&] { ++changes; };
+    widget->setValue(100);
+    EXPECT_EQ(control.value(), 100);
+    EXPECT_EQ(changes, 1);
+
+    QSignalSpy echoed(widget, &QSlider::valueChanged);
+    control.setValue(7);
+    control.setRange(0, 50);
+    EXPECT_EQ(widget->value(), 7);
+    EXPECT_EQ(widget->maximum(), 50);
+    EXPECT_EQ(echoed.count(), 0) << "showing the control must not look like an edit";
+    EXPECT_EQ(changes, 2);
+}
+
+TEST(Binding, SliderEditPastTheControlsEndIsClampedAndShownClamped) {
+    Slider control(0, 100, 10);
+    View view;
+    auto* widget = view.add<QSlider>();
+    bindWidget(control, *widget);
+    // A view that widened its widget by mistake still cannot push the value out.
+    widget->setRange(0, 500);
+    widget->setValue(400);
+    EXPECT_EQ(control.value(), 100);
+    EXPECT_EQ(widget->value(), 100);
+}
+
+TEST(Binding, ScrollBarRefusesAnEditOutsideItsRangeAndTheWidgetSnapsBack) {
+    ScrollBar control(0, 100, 30);
+    int changes = 0;
+    control.onChange = [&] { ++changes; };
+    View view;
+    auto* widget = view.add<QScrollBar>();
+    bindWidget(control, *widget);
+    widget->setRange(0, 500);
+    widget->setValue(400);
+    EXPECT_EQ(control.value(), 30);
+    EXPECT_EQ(widget->value(), 30);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST(Binding, ScrollBarWithMinAboveMaxRunsTheWidgetTheOtherWay) {
+    ScrollBar control(100, 0, 80);
+    View view;
+    auto* widget = view.add<QScrollBar>();
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->minimum(), 0);
+    EXPECT_EQ(widget->maximum(), 100);
+    EXPECT_EQ(widget->value(), 80);
+    EXPECT_TRUE(widget->invertedAppearance());
+    control.setRange(0, 100);
+    EXPECT_FALSE(widget->invertedAppearance());
+}
+
+TEST(Binding, HandlerThatSetsTheValueAgainRunsOncePerEdit) {
+    Slider control(0, 255, 0);
+    int runs = 0;
+    control.onChange = [&] {
+        ++runs;
+        control.setValue(control.value());
+    };
+    View view;
+    auto* widget = view.add<QSlider>();
+    bindWidget(control, *widget);
+    QSignalSpy edits(widget, &QSlider::valueChanged);
+    widget->setValue(13);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(edits.count(), 1) << "only the user's own edit";
+}
+
+TEST(Binding, HandlerThatSnapsTheValueLeavesTheWidgetOnTheSnappedValue) {
+    Slider control(0, 255, 0);
+    std::vector<int> seen;
+    control.onChange = [&] {
+        seen.push_back(control.value());
+        control.setValue(control.value() / 10 * 10);
+    };
+    View view;
+    auto* widget = view.add<QSlider>();
+    bindWidget(control, *widget);
+    QSignalSpy edits(widget, &QSlider::valueChanged);
+    widget->setValue(13);
+    EXPECT_EQ(seen, (std::vector<int>{13, 10}));
+    EXPECT_EQ(control.value(), 10);
+    EXPECT_EQ(widget->value(), 10);
+    EXPECT_EQ(edits.count(), 1);
+}
+
+// ---- buttons ----
+
+TEST(Binding, CheckBoxClickRunsTheHandlerOnceAndCodeChangesShow) {
+    CheckBox control;
+    control.setCaption("Loop");
+    int clicks = 0;
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QCheckBox>();
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->text(), QStringLiteral("Loop"));
+
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_EQ(control.value(), 1);
+    EXPECT_EQ(clicks, 1);
+
+    control.setValue(0);
+    EXPECT_FALSE(widget->isChecked());
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(Binding, OptionButtonsFollowTheirGroupNotTheirParent) {
+    OptionGroup group;
+    OptionButton a, b;
+    group.add(a);
+    group.add(b);
+    OptionButton elsewhere;  // another frame's button, same parent widget
+    elsewhere.setValue(true);
+    int aClicks = 0;
+    a.onClick = [&] { ++aClicks; };
+    View view;
+    auto* wa = view.add<QRadioButton>();
+    auto* wb = view.add<QRadioButton>();
+    auto* wElsewhere = view.add<QRadioButton>();
+    bindWidget(a, *wa);
+    bindWidget(b, *wb);
+    bindWidget(elsewhere, *wElsewhere);
+
+    b.setValue(true);
+    EXPECT_TRUE(wb->isChecked());
+    QTest::mouseClick(wa, Qt::LeftButton);
+    EXPECT_TRUE(a.value());
+    EXPECT_FALSE(b.value());
+    EXPECT_FALSE(wb->isChecked());
+    EXPECT_TRUE(wElsewhere->isChecked()) << "another group is not cleared";
+    EXPECT_EQ(aClicks, 1);
+
+    // Clicking the set button again leaves it set and runs nothing.
+    QTest::mouseClick(wa, Qt::LeftButton);
+    EXPECT_TRUE(wa->isChecked());
+    EXPECT_TRUE(a.value());
+    EXPECT_EQ(aClicks, 1);
+}
+
+TEST(Binding, ToggleButtonStaysDownWithItsControl) {
+    ToggleButton control;
+    int clicks = 0;
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QPushButton>();
+    bindWidget(control, *widget);
+    EXPECT_TRUE(widget->isCheckable());
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_TRUE(control.value());
+    EXPECT_TRUE(widget->isChecked());
+    control.setValue(false);
+    EXPECT_FALSE(widget->isChecked());
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(Binding, ToggleButtonHandlerThatRefusesTheToggleLeavesTheButtonUp) {
+    ToggleButton control;
+    int clicks = 0;
+    control.onClick = [&] {
+        ++clicks;
+        control.setValue(false);
+    };
+    View view;
+    auto* widget = view.add<QPushButton>();
+    bindWidget(control, *widget);
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_FALSE(control.value());
+    EXPECT_FALSE(widget->isChecked());
+    EXPECT_EQ(clicks, 2);  // down, then up again by the handler
+}
+
+TEST(Binding, CommandButtonClicksOnlyWhileEnabled) {
+    CommandButton control;
+    control.setCaption("Save");
+    int clicks = 0;
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QPushButton>();
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->text(), QStringLiteral("Save"));
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+    control.setEnabled(false);
+    EXPECT_FALSE(widget->isEnabled());
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+}
+
+// ---- text ----
+
+TEST(Binding, TypingChangesTheTextBoxOnEveryKeystroke) {
+    TextBox control;
+    std::vector<std::string> seen;
+    control.onChange = [&] { seen.push_back(control.text()); };
+    View view;
+    auto* widget = view.add<QLineEdit>();
+    bindWidget(control, *widget);
+    QTest::keyClicks(widget, QStringLiteral("ab"));
+    EXPECT_EQ(control.text(), "ab");
+    EXPECT_EQ(seen, (std::vector<std::string>{"a", "ab"}));
+    control.setText("12:30");
+    EXPECT_EQ(widget->text(), QStringLiteral("12:30"));
+}
+
+TEST(Binding, ShowingTheControlDoesNotMoveTheCursorWhileTyping) {
+    TextBox control;
+    control.setText("rain");
+    View view;
+    auto* widget = view.add<QLineEdit>();
+    bindWidget(control, *widget);
+    widget->setCursorPosition(2);
+    control.setToolTip("Scenario name");  // any change makes the view repaint
+    EXPECT_EQ(widget->cursorPosition(), 2);
+    QTest::keyClicks(widget, QStringLiteral("X"));
+    EXPECT_EQ(control.text(), "raXin");
+}
+
+TEST(Binding, TextBoxHandlerThatRewritesTheTextIsShown) {
+    TextBox control;
+    control.onChange = [&] {
+        std::string upper = control.text();
+        for (char& c : upper) {
+            c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        }
+        control.setText(upper);
+    };
+    View view;
+    auto* widget = view.add<QLineEdit>();
+    bindWidget(control, *widget);
+    QTest::keyClicks(widget, QStringLiteral("ab"));
+    EXPECT_EQ(control.text(), "AB");
+    EXPECT_EQ(widget->text(), QStringLiteral("AB"));
+}
+
+// ---- lists ----
+
+TEST(Binding, ComboBoxPickGoesToTheControlOnce) {
+    ComboBox control;
+    for (const char* s : {"Rain", "Thunder", "Wind"}) {
+        control.addItem(s);
+    }
+    int clicks = 0;
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QComboBox>();
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->count(), 3);
+    EXPECT_EQ(widget->currentIndex(), -1);
+
+    widget->setCurrentIndex(1);
+    EXPECT_EQ(control.listIndex(), 1);
+    EXPECT_EQ(control.text(), "Thunder");
+    EXPECT_EQ(clicks, 1);
+
+    control.setListIndex(2);
+    EXPECT_EQ(widget->currentIndex(), 2);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(Binding, ChangingTheEntriesKeepsTheSelectionWithoutAClick) {
+    ComboBox control;
+    control.addItem("Rain");
+    control.addItem("Wind");
+    control.setListIndex(1);
+    int clicks = 0;
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QComboBox>();
+    bindWidget(control, *widget);
+
+    control.addItem("Snow", 0);  // the selection moves to index 2 with its entry
+    control.setItem(0, "Sleet");
+    EXPECT_EQ(widget->count(), 3);
+    EXPECT_EQ(widget->itemText(0), QStringLiteral("Sleet"));
+    EXPECT_EQ(control.listIndex(), 2);
+    EXPECT_EQ(widget->currentIndex(), 2);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST(Binding, EditableComboBoxTypingChangesTheTextNotTheListOrIndex) {
+    ComboBox control;
+    control.addItem("5");
+    control.addItem("10");
+    control.setListIndex(0);
+    int changes = 0;
+    int clicks = 0;
+    control.onChange = [&] { ++changes; };
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QComboBox>();
+    widget->setEditable(true);
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->currentText(), QStringLiteral("5"));
+
+    widget->lineEdit()->selectAll();
+    QTest::keyClicks(widget->lineEdit(), QStringLiteral("42"));
+    QTest::keyClick(widget->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(control.text(), "42");
+    EXPECT_EQ(control.listIndex(), 0);
+    EXPECT_EQ(control.count(), 2);
+    EXPECT_EQ(widget->count(), 2) << "typed text never joins the list";
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(clicks, 0);
+
+    control.setText("15");
+    EXPECT_EQ(widget->currentText(), QStringLiteral("15"));
+}
+
+TEST(Binding, ListBoxSelectionFollowsBothWays) {
+    ListBox control;
+    for (const char* s : {"Forest.scn", "Harbour.scn", "Night.scn"}) {
+        control.addItem(s);
+    }
+    int clicks = 0;
+    control.onClick = [&] { ++clicks; };
+    View view;
+    auto* widget = view.add<QListWidget>();
+    bindWidget(control, *widget);
+    ASSERT_EQ(widget->count(), 3);
+
+    widget->setCurrentRow(2);
+    EXPECT_EQ(control.listIndex(), 2);
+    EXPECT_EQ(clicks, 1);
+
+    control.removeItem(2);  // the selected entry goes, and the selection with it
+    EXPECT_EQ(widget->count(), 2);
+    EXPECT_EQ(widget->currentRow(), -1);
+    EXPECT_TRUE(widget->selectedItems().isEmpty());
+
+    control.setListIndex(0);
+    EXPECT_EQ(widget->currentRow(), 0);
+    EXPECT_EQ(clicks, 2);
+    control.clear();
+    EXPECT_EQ(widget->count(), 0);
+}
+
+// ---- what every control shares ----
+
+TEST(Binding, LabelShowsItsCaptionAsPlainTextWithLineBreaks) {
+    Label control;
+    control.setCaption("<b>Rain</b>\r\nlevel");
+    View view;
+    auto* widget = view.add<QLabel>();
+    bindWidget(control, *widget);
+    EXPECT_EQ(widget->textFormat(), Qt::PlainText);
+    EXPECT_EQ(widget->text(), QStringLiteral("<b>Rain</b>\nlevel"));
+}
+
+TEST(Binding, EnabledVisibleAndToolTipFollowTheControl) {
+    CheckBox control;
+    View view;
+    auto* widget = view.add<QCheckBox>();
+    bindWidget(control, *widget);
+    EXPECT_TRUE(widget->isVisible());
+    control.setVisible(false);
+    control.setEnabled(false);
+    control.setToolTip("Sound file");
+    EXPECT_FALSE(widget->isVisible());
+    EXPECT_FALSE(widget->isEnabled());
+    EXPECT_EQ(widget->toolTip(), QStringLiteral("Sound file"));
+    control.setVisible(true);
+    EXPECT_TRUE(widget->isVisible());
+}
+
+TEST(Binding, ColoursPaintTheWidgetAndClearingThemGivesItsLookBack) {
+    Label control;
+    View view;
+    auto* widget = view.add<QLabel>();
+    bindWidget(control, *widget);
+    const QColor inheritedText = widget->palette().color(QPalette::WindowText);
+
+    control.setForeColour(0x000000FFu);
+    control.setBackColour(0x00FF0000u);
+    EXPECT_EQ(widget->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+    EXPECT_EQ(widget->palette().color(QPalette::Window), QColor(0, 0, 255));
+    EXPECT_TRUE(widget->autoFillBackground());
+
+    control.setForeColour(std::nullopt);
+    control.setBackColour(std::nullopt);
+    EXPECT_EQ(widget->palette().color(QPalette::WindowText), inheritedText);
+    EXPECT_FALSE(widget->autoFillBackground());
+
+    // With no colour of its own, the widget follows its window's palette again.
+    QPalette p = view.window.palette();
+    p.setColor(QPalette::WindowText, QColor(1, 2, 3));
+    view.window.setPalette(p);
+    EXPECT_EQ(widget->palette().color(QPalette::WindowText), QColor(1, 2, 3));
+}
+
+// ---- lifetime ----
+
+TEST(Binding, WidgetDestroyedBeforeTheControlStopsWatchingIt) {
+    Slider control(0, 255, 0);
+    View view;
+    auto* widget = view.add<QSlider>();
+    bindWidget(control, *widget);
+    delete widget;
+    // The control goes on, with nothing left to show it (a sanitizer build sees
+    // any touch of the freed widget here).
+    control.setValue(99);
+    control.setCaption("Volume");
+    EXPECT_EQ(control.value(), 99);
+
+    auto* again = view.add<QSlider>();
+    bindWidget(control, *again);
+    EXPECT_EQ(again->value(), 99);
+}
+
+TEST(Binding, HandlerThatDestroysItsOwnWidgetDuringTheClickIsSafe) {
+    CommandButton control;
+    View view;
+    auto* widget = view.add<QPushButton>();
+    QPointer<QPushButton> watched(widget);
+    control.onClick = [&] { delete watched.data(); };
+    bindWidget(control, *widget);
+    widget->click();
+    EXPECT_TRUE(watched.isNull());
+    control.setCaption("Close");  // nothing is watching any more
+    EXPECT_EQ(control.caption(), "Close");
+}
+
+}  // namespace
+}  // namespace brevane

@@ -1,0 +1,294 @@
+#include "ui/binding/bindings.h"
+
+#include <QAbstractSlider>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPalette>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStringList>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "ui/platform/qt_text.h"
+#include "ui/widgets/style.h"
+
+namespace brevane {
+
+namespace {
+
+// One control tied to one widget. A child of the widget, so it goes with it, and
+// the context of every connection, so no edit reaches the control after that.
+class Binding final : public QObject {
+  public:
+    Binding(Control& control, QWidget& widget, std::function<void()> showValue)
+        : QObject(&widget),
+          control_(control),
+          widget_(widget),
+          showValue_(std::move(showValue)),
+          ownPalette_(widget.testAttribute(Qt::WA_SetPalette) ? std::optional(widget.palette())
+                                                              : std::nullopt),
+          ownAutoFill_(widget.autoFillBackground()) {
+        watchId_ = control_.watch([this] { show(); });
+        show();
+    }
+
+    ~Binding() override { control_.unwatch(watchId_); }
+
+    // Hands a widget edit to the control, then shows what the control made of it.
+    // The control's handlers may destroy the widget, and this binding with it.
+    template <class Apply>
+    void edit(Apply&& apply) {
+        const QPointer<Binding> alive(this);
+        std::forward<Apply>(apply)();
+        if (alive) {
+            show();
+        }
+    }
+
+    void show() {
+        const QSignalBlocker block(&widget_);
+        widget_.setEnabled(control_.enabled());
+        if (widget_.isHidden() == control_.visible()) {
+            widget_.setVisible(control_.visible());
+        }
+        const QString tip = qtDisplayText(control_.toolTip());
+        if (widget_.toolTip() != tip) {
+            widget_.setToolTip(tip);
+        }
+        showColours();
+        showValue_();
+    }
+
+  private:
+    void showColours() {
+        const auto fore = control_.foreColour();
+        const auto back = control_.backColour();
+        if (fore == shownFore_ && back == shownBack_) {
+            return;
+        }
+        shownFore_ = fore;
+        shownBack_ = back;
+        // Roles not set here are inherited, so the program's palette still shows
+        // through everywhere the control has no colour of its own.
+        QPalette p = ownPalette_ ? *ownPalette_ : QPalette();
+        if (fore) {
+            const QColor c = style::toQColor(*fore);
+            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+                p.setColor(role, c);
+            }
+        }
+        if (back) {
+            const QColor c = style::toQColor(*back);
+            for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+                p.setColor(role, c);
+            }
+        }
+        widget_.setPalette(p);
+        widget_.setAutoFillBackground(ownAutoFill_ || back.has_value());
+    }
+
+    Control& control_;
+    QWidget& widget_;
+    std::function<void()> showValue_;
+    Control::WatchId watchId_ = 0;
+    std::optional<QPalette> ownPalette_;
+    bool ownAutoFill_;
+    std::optional<Colour> shownFore_;
+    std::optional<Colour> shownBack_;
+};
+
+template <class Button>
+void showCaption(const Control& control, Button& widget) {
+    const QString text = qtDisplayText(control.caption());
+    if (widget.text() != text) {
+        widget.setText(text);
+    }
+}
+
+void showRange(const RangeControl& control, QAbstractSlider& widget, bool viewInverted) {
+    if (widget.minimum() != control.low() || widget.maximum() != control.high()) {
+        widget.setRange(control.low(), control.high());
+    }
+    const bool inverted = (control.min() > control.max()) != viewInverted;
+    if (widget.invertedAppearance() != inverted) {
+        widget.setInvertedAppearance(inverted);
+        widget.setInvertedControls(inverted);
+    }
+    widget.setSingleStep(control.smallChange());
+    widget.setPageStep(control.largeChange());
+    if (widget.value() != control.value()) {
+        widget.setValue(control.value());
+    }
+}
+
+template <class RangeKind>
+void bindRange(RangeKind& control, QAbstractSlider& widget) {
+    const bool viewInverted = widget.invertedAppearance();
+    auto* binding = new Binding(control, widget, [&control, &widget, viewInverted] {
+        showRange(control, widget, viewInverted);
+    });
+    QObject::connect(
+        &widget, &QAbstractSlider::valueChanged, binding,
+        [binding, &control](int value) { binding->edit([&] { control.setValue(value); }); });
+}
+
+QString entryText(const QComboBox& widget, int i) {
+    return widget.itemText(i);
+}
+
+QString entryText(const QListWidget& widget, int i) {
+    return widget.item(i)->text();
+}
+
+// The entries of a list control, shown only when they differ: rebuilding a list
+// loses the user's scroll position and current entry.
+template <class ListWidget>
+bool sameEntries(const ListControl& control, const ListWidget& widget) {
+    if (widget.count() != control.count()) {
+        return false;
+    }
+    for (int i = 0; i < control.count(); ++i) {
+        if (entryText(widget, i) != qtText(control.items()[static_cast<std::size_t>(i)])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+QStringList entries(const ListControl& control) {
+    QStringList list;
+    list.reserve(control.count());
+    for (const auto& item : control.items()) {
+        list.append(qtText(item));
+    }
+    return list;
+}
+
+}  // namespace
+
+void bindWidget(Slider& control, QAbstractSlider& widget) {
+    bindRange(control, widget);
+}
+
+void bindWidget(ScrollBar& control, QScrollBar& widget) {
+    bindRange(control, widget);
+}
+
+void bindWidget(CheckBox& control, QCheckBox& widget) {
+    widget.setTristate(false);
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        showCaption(control, widget);
+        widget.setChecked(control.checked());
+    });
+    QObject::connect(&widget, &QCheckBox::toggled, binding, [binding, &control](bool on) {
+        binding->edit([&] { control.setChecked(on); });
+    });
+}
+
+void bindWidget(OptionButton& control, QRadioButton& widget) {
+    widget.setAutoExclusive(false);
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        showCaption(control, widget);
+        widget.setChecked(control.value());
+    });
+    QObject::connect(&widget, &QRadioButton::clicked, binding,
+                     [binding, &control] { binding->edit([&] { control.setValue(true); }); });
+}
+
+void bindWidget(ToggleButton& control, QPushButton& widget) {
+    widget.setCheckable(true);
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        showCaption(control, widget);
+        widget.setChecked(control.value());
+    });
+    QObject::connect(&widget, &QPushButton::toggled, binding, [binding, &control](bool down) {
+        binding->edit([&] { control.setValue(down); });
+    });
+}
+
+void bindWidget(CommandButton& control, QPushButton& widget) {
+    auto* binding =
+        new Binding(control, widget, [&control, &widget] { showCaption(control, widget); });
+    QObject::connect(&widget, &QPushButton::clicked, binding,
+                     [binding, &control] { binding->edit([&] { control.click(); }); });
+}
+
+void bindWidget(TextBox& control, QLineEdit& widget) {
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        // Only a real difference is shown: setting the same text would move the
+        // cursor to the end while the user types.
+        const QString text = qtText(control.text());
+        if (widget.text() != text) {
+            widget.setText(text);
+        }
+    });
+    QObject::connect(&widget, &QLineEdit::textChanged, binding,
+                     [binding, &control](const QString& text) {
+                         binding->edit([&] { control.setText(textFromQt(text)); });
+                     });
+}
+
+void bindWidget(ComboBox& control, QComboBox& widget) {
+    widget.setInsertPolicy(QComboBox::NoInsert);
+    if (widget.isEditable()) {
+        // What the user typed is the text; completing it would show a text the
+        // control does not hold.
+        widget.setCompleter(nullptr);
+    }
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        if (!sameEntries(control, widget)) {
+            widget.clear();
+            widget.addItems(entries(control));
+        }
+        if (widget.currentIndex() != control.listIndex()) {
+            widget.setCurrentIndex(control.listIndex());
+        }
+        if (widget.isEditable() && widget.currentText() != qtText(control.text())) {
+            widget.setEditText(qtText(control.text()));
+        }
+    });
+    QObject::connect(
+        &widget, &QComboBox::currentIndexChanged, binding,
+        [binding, &control](int index) { binding->edit([&] { control.setListIndex(index); }); });
+    if (QLineEdit* line = widget.lineEdit()) {
+        // Only typing changes the text; a pick from the list is the index above.
+        QObject::connect(line, &QLineEdit::textEdited, binding,
+                         [binding, &control](const QString& text) {
+                             binding->edit([&] { control.setText(textFromQt(text)); });
+                         });
+    }
+}
+
+void bindWidget(ListBox& control, QListWidget& widget) {
+    widget.setSelectionMode(QAbstractItemView::SingleSelection);
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        if (!sameEntries(control, widget)) {
+            widget.clear();
+            widget.addItems(entries(control));
+        }
+        if (widget.currentRow() != control.listIndex()) {
+            widget.setCurrentRow(control.listIndex());
+        }
+        if (control.listIndex() < 0) {
+            widget.clearSelection();
+        }
+    });
+    QObject::connect(
+        &widget, &QListWidget::currentRowChanged, binding,
+        [binding, &control](int row) { binding->edit([&] { control.setListIndex(row); }); });
+}
+
+void bindWidget(Label& control, QLabel& widget) {
+    widget.setTextFormat(Qt::PlainText);
+    new Binding(control, widget, [&control, &widget] { showCaption(control, widget); });
+}
+
+}  // namespace brevane

@@ -1,0 +1,55 @@
+#pragma once
+// Ties a headless control to the Qt widget that shows it, both ways, so that a
+// view is one line per control and holds no state of its own:
+//
+//   bindWidget(panel.hscrollrain, *rainBar);
+//
+// - A widget edit (drag, click, typing, a pick from a list) goes to the control's
+//   one setter, so the control's handler does the work exactly as when code sets
+//   it. The widget then shows what the control made of it: a clamped or refused
+//   value, or the value a handler set instead.
+// - A change of the control (value, range, entries, enabled, visible, caption,
+//   tool tip, colours) is shown by the widget with its signals blocked, so showing
+//   never echoes back as an edit.
+// - The widget's own look stays until the control is given colours; clearing the
+//   colours gives the look back.
+//
+// Ownership: the binding lives as long as the widget and stops watching the control
+// when the widget is destroyed. The control must outlive the widget. Event thread
+// only. Make a combo box editable, and choose a slider's orientation and direction,
+// before binding it.
+
+#include "base/controls.h"
+
+class QAbstractSlider;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+
+namespace brevane {
+
+// Any slider-like widget (QSlider, QDial, a custom QAbstractSlider). A range that
+// runs from a larger min to a smaller max flips the widget's direction.
+void bindWidget(Slider& control, QAbstractSlider& widget);
+void bindWidget(ScrollBar& control, QScrollBar& widget);
+void bindWidget(CheckBox& control, QCheckBox& widget);
+// Exclusivity comes from the control's option group, so the widget's own
+// auto-exclusivity is switched off; clicking a set button leaves it set.
+void bindWidget(OptionButton& control, QRadioButton& widget);
+// The button is made checkable.
+void bindWidget(ToggleButton& control, QPushButton& widget);
+void bindWidget(CommandButton& control, QPushButton& widget);
+void bindWidget(TextBox& control, QLineEdit& widget);
+// Editable or not; an editable box never adds typed text to its list, the list is
+// the control's.
+void bindWidget(ComboBox& control, QComboBox& widget);
+void bindWidget(ListBox& control, QListWidget& widget);
+// The caption is shown as plain text.
+void bindWidget(Label& control, QLabel& widget);
+
+}  // namespace brevane
