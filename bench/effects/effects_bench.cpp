@@ -1,15 +1,18 @@
 // Real-time factor of the program's effects chain (ten equalizer bands, then the reverb) on a
-// stereo mix of 32 looping sources, and of OpenAL Soft's EAX reverb on the same mix rendered
+// stereo mix of 32 looping channels, and of OpenAL Soft's EAX reverb on the same mix rendered
 // through its loopback device. Prints the ratio of the two median CPU times at the end.
 //
 // Run: build/bench/bench_effects   (pinned to the core it starts on)
 
 #include <benchmark/benchmark.h>
 #include <sched.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <numbers>
 #include <random>
@@ -23,6 +26,8 @@
 #include <AL/efx.h>
 
 #include "engine/effects/effects_chain.h"
+#include "engine/mixer_engine.h"
+#include "engine/sound_file_writer.h"
 
 namespace {
 
@@ -35,12 +40,15 @@ constexpr int kSources = 32;
 constexpr int kMixSeconds = 10;
 constexpr int kBlock = 1024;  // frames per call, about 23 ms
 
-// Ten seconds of 32 looping sources mixed to stereo: half of them filtered noise, half tones
-// with a slow tremolo, each loop its own length, level and pan.
+// Ten seconds of 32 looping sources mixed to stereo by the engine's own mixer, rendering
+// offline: half of them filtered noise, half tones with a slow tremolo, each loop its own
+// length, volume and pan. The sources go through sound files, as the program's do.
 const std::vector<float>& mix() {
     static const std::vector<float> buffer = [] {
-        const int frames = kMixSeconds * kRate;
-        std::vector<float> out(2 * static_cast<std::size_t>(frames), 0.0f);
+        const std::filesystem::path dir = std::filesystem::temp_directory_path() /
+                                          ("brevane_bench_effects_" + std::to_string(getpid()));
+        std::filesystem::create_directories(dir);
+        brevane::MixerEngine engine(brevane::MixerEngine::Output::Offline);
         std::mt19937 gen(2024);
         std::uniform_real_distribution<float> uni(0.0f, 1.0f);
         for (int s = 0; s < kSources; ++s) {
@@ -58,19 +66,28 @@ const std::vector<float>& mix() {
                 for (int i = 0; i < loop; ++i) {
                     const double t = double(i) / kRate;
                     source[static_cast<std::size_t>(i)] = static_cast<float>(
-                        std::sin(2.0 * std::numbers::pi * hz * t) *
+                        0.5 * std::sin(2.0 * std::numbers::pi * hz * t) *
                         (0.6 + 0.4 * std::sin(2.0 * std::numbers::pi * 0.3 * t)));
                 }
             }
-            const float level = 0.05f + 0.1f * uni(gen);
-            const float pan = uni(gen);
-            const float left = level * std::cos(pan * std::numbers::pi_v<float> / 2.0f);
-            const float right = level * std::sin(pan * std::numbers::pi_v<float> / 2.0f);
-            for (int i = 0; i < frames; ++i) {
-                const float v = source[static_cast<std::size_t>(i % loop)];
-                out[2 * static_cast<std::size_t>(i)] += left * v;
-                out[2 * static_cast<std::size_t>(i) + 1] += right * v;
-            }
+            const std::filesystem::path file = dir / (std::to_string(s) + ".wav");
+            brevane::writeSoundFile(file, source, 1, kRate, brevane::SoundFileFormat::WavFloat);
+            const brevane::ChannelHandle channel = engine.play(engine.loadSample(file));
+            engine.setLoopMode(channel, brevane::LoopMode::Normal);
+            engine.setVolume(channel, 20 + static_cast<int>(40.0f * uni(gen)));
+            engine.setPan(channel, static_cast<int>(255.0f * uni(gen)));
+        }
+        std::vector<float> out = engine.render(kMixSeconds * kRate);
+        std::error_code ignored;
+        std::filesystem::remove_all(dir, ignored);
+        float peak = 0.0f;
+        for (float v : out) {
+            peak = std::max(peak, std::abs(v));
+        }
+        std::fprintf(stderr, "mix of %d channels: peak %.3f\n", kSources, peak);
+        if (out.size() != 2 * static_cast<std::size_t>(kMixSeconds * kRate) || peak < 0.01f) {
+            std::fprintf(stderr, "the offline mixer rendered no mix\n");
+            std::exit(1);
         }
         return out;
     }();
