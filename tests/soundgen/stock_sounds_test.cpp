@@ -147,10 +147,30 @@ TEST(StockLibrary, LoopLengthsAllDifferSoLoopsNeverFallIntoStep) {
     }
 }
 
+TEST(StockLibrary, HoldsEveryFileOfTheWeatherWaterFireAndToneSet) {
+    std::vector<std::string> wanted;
+    for (int i = 1; i <= 17; ++i) {
+        wanted.push_back("bin/" + std::to_string(i) + ".isz");
+    }
+    for (int i : {51, 52, 53, 66, 67}) {
+        wanted.push_back("bin/" + std::to_string(i) + ".isz");
+    }
+    for (int i = 201; i <= 228; ++i) {
+        wanted.push_back("bin/" + std::to_string(i) + ".raz");
+    }
+    for (const char* f : {"bin/1.BWZ", "bin/2.BWZ", "config/alarms/default.wav"}) {
+        wanted.emplace_back(f);
+    }
+    for (const auto& f : wanted) {
+        EXPECT_NE(findRecipe(f), nullptr) << "no recipe writes " << f;
+        EXPECT_TRUE(std::filesystem::is_regular_file(kTree / f)) << f << " is not in the tree";
+    }
+}
+
 TEST(StockLibrary, FilesAreExactlyWhatAFreshRenderGives) {
     // A cheap loop, a one-shot and the tones: any hidden state (an unseeded draw, a
     // thread-dependent order) would make the build's bytes differ from a second render.
-    for (const char* f : {"bin/1.BWZ", "config/alarms/default.wav", "bin/3.isz"}) {
+    for (const char* f : {"bin/1.BWZ", "config/alarms/default.wav", "bin/223.raz", "bin/3.isz"}) {
         const Recipe* r = findRecipe(f);
         ASSERT_NE(r, nullptr) << f;
         const Loaded* s = load(f);

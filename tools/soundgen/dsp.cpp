@@ -131,11 +131,20 @@ double Biquad::magnitudeAt(double hz) const {
 }
 
 void filter(Buffer& b, Edge edge, std::vector<Biquad> chain) {
-    process(b, edge, [&chain](float x, std::size_t) {
-        for (auto& f : chain) {
-            x = f(x);
+    // One pass per section: a ring's sections each settle on the ring the one before made.
+    for (auto& f : chain) {
+        process(b, edge, [&f](float x, std::size_t) { return f(x); });
+    }
+}
+
+void sweep(Buffer& b, Edge edge, const Buffer& hz, double q, Pass pass) {
+    Svf svf(hz.empty() ? 1000.0 : hz[0], q);
+    process(b, edge, [&](float x, std::size_t i) {
+        if (i % 16 == 0 && i < hz.size()) {
+            svf.set(hz[i], q);
         }
-        return x;
+        const auto o = svf(x);
+        return pass == Pass::Low ? o.low : pass == Pass::Band ? o.band : o.high;
     });
 }
 

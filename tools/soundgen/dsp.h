@@ -130,6 +130,11 @@ class OnePole {
 // Chain of biquads applied one after the other.
 void filter(Buffer& b, Edge edge, std::vector<Biquad> chain);
 
+// Runs the buffer through an Svf whose frequency follows `hz` (one value per sample,
+// applied every 16 samples) at quality q, keeping the chosen output.
+enum class Pass { Low, Band, High };
+void sweep(Buffer& b, Edge edge, const Buffer& hz, double q, Pass pass);
+
 // ---- noise ---------------------------------------------------------------------------
 
 // Each is scaled to unit RMS. With Edge::Circular the colour filters run round the ring,

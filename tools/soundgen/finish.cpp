@@ -175,9 +175,11 @@ std::vector<std::int16_t> finishOneShot(Buffer b) {
     if (peak <= 0.0) {
         return toPcm16(b);
     }
-    // Begin just before the first sample that is clearly part of the sound.
+    // Begin just before the first sample within 28 dB of the peak: a one-shot is heard
+    // the moment it is fired, and whatever crept in more quietly before that is lost in
+    // any soundscape it plays over.
     std::size_t first = 0;
-    while (first < b.size() && std::fabs(b[first]) < peak * 0.01) {
+    while (first < b.size() && std::fabs(b[first]) < peak * dbToGain(-28.0)) {
         ++first;
     }
     const std::size_t start = first - std::min(first, samples(0.0005));

@@ -37,8 +37,8 @@ std::vector<std::int16_t> toPcm16(const Buffer& b);
 // A loop ring: mean removed, RMS at kLoopRmsDbfs, peaks under kLoopCeilingDbfs,
 // started at its steadiest point.
 std::vector<std::int16_t> finishLoop(Buffer ring);
-// A one-shot: starts at its onset, ends in a fade to silence once it has died away,
-// peak at kOneShotPeakDbfs.
+// A one-shot: starts at its onset (the first sample within 28 dB of the peak), ends in a
+// fade to silence once it has died away, peak at kOneShotPeakDbfs.
 std::vector<std::int16_t> finishOneShot(Buffer b);
 // A ring that must keep its start (a chime): mean removed, peak at kOneShotPeakDbfs.
 std::vector<std::int16_t> finishChime(Buffer ring);

@@ -26,6 +26,39 @@ std::vector<std::size_t> poissonTimes(Rng& rng, std::size_t n, double rate, cons
     return times;
 }
 
+std::vector<std::size_t> ringSchedule(Rng& rng, std::size_t n, double minGap, double maxGap) {
+    const double total = static_cast<double>(n) / kRate;
+    const double mean = 0.5 * (minGap + maxGap);
+    const int count = std::max(1, static_cast<int>(std::lround(total / mean)));
+    // Draw the gaps, then stretch them together to fill the ring exactly; a stretch that
+    // pushes a gap out of its range is spread over the others by drawing again.
+    std::vector<double> gaps(static_cast<std::size_t>(count));
+    for (int attempt = 0; attempt < 64; ++attempt) {
+        double sum = 0.0;
+        for (auto& g : gaps) {
+            g = rng.uniform(minGap, maxGap);
+            sum += g;
+        }
+        const double k = total / sum;
+        bool fits = true;
+        for (auto& g : gaps) {
+            g *= k;
+            fits = fits && g >= minGap * 0.97 && g <= maxGap * 1.03;
+        }
+        if (fits) {
+            break;
+        }
+    }
+    std::vector<std::size_t> times;
+    double at = rng.uniform(0.0, total);
+    for (double g : gaps) {
+        times.push_back(samples(std::fmod(at, total)) % n);
+        at += g;
+    }
+    std::sort(times.begin(), times.end());
+    return times;
+}
+
 void addGrain(Buffer& out, std::size_t pos, std::span<const float> grain, double gain, Edge edge) {
     const std::size_t n = out.size();
     if (n == 0) {

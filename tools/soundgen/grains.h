@@ -18,6 +18,11 @@ namespace brevane::soundgen {
 std::vector<std::size_t> poissonTimes(Rng& rng, std::size_t n, double rate,
                                       const Buffer* density = nullptr);
 
+// Start times of events spread round a ring of n samples with gaps between minGap and
+// maxGap seconds, the gap from the last event round to the first included: surges of
+// the sea, calls in a living loop. The first event comes at a random place.
+std::vector<std::size_t> ringSchedule(Rng& rng, std::size_t n, double minGap, double maxGap);
+
 // Adds gain * grain into out starting at pos. Linear: the part past the end is dropped.
 // Circular: it wraps round to the start.
 void addGrain(Buffer& out, std::size_t pos, std::span<const float> grain, double gain, Edge edge);

@@ -14,6 +14,16 @@ inline constexpr const char* kRandomFour = "Random bank four";
 inline constexpr const char* kTonesAndAlarm = "Brainwave tones and alarm";
 
 void addRainRecipes(std::vector<Recipe>& out);
+// Wind loops of bank one and the gusts of random bank four.
+void addWindRecipes(std::vector<Recipe>& out);
+// Sea and shore loops of bank one and the waves of random bank four.
+void addSeaRecipes(std::vector<Recipe>& out);
+// Fountain, stream and river of bank two.
+void addWaterRecipes(std::vector<Recipe>& out);
+// Campfire and crackling fire of bank two.
+void addFireRecipes(std::vector<Recipe>& out);
+// The eleven thunder rumbles of random bank four.
+void addThunderRecipes(std::vector<Recipe>& out);
 void addToneRecipes(std::vector<Recipe>& out);
 
 }  // namespace brevane::soundgen

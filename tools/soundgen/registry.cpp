@@ -24,6 +24,11 @@ int fileNumber(const std::string& file) {
 std::vector<Recipe> build() {
     std::vector<Recipe> all;
     addRainRecipes(all);
+    addWindRecipes(all);
+    addSeaRecipes(all);
+    addWaterRecipes(all);
+    addFireRecipes(all);
+    addThunderRecipes(all);
     addToneRecipes(all);
     // Group by bank in order of first appearance, files in numeric order within a bank.
     std::vector<std::string> banks;

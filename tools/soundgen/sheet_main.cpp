@@ -1,7 +1,8 @@
 // soundsheet: draws one spectrogram sheet per bank of stock sounds, so anyone can see
 // what each file holds.
 //
-//   soundsheet <tree> <out-folder>
+//   soundsheet <tree> <out-folder>             one sheet per bank
+//   soundsheet <tree> <out-folder> <file>...   one sheet, selection.png, of those files
 //
 // Each sound gets a panel: its file, name and length; a spectrogram on a log frequency
 // scale (30 Hz to 20 kHz, 80 dB of range under the sound's loudest point, tilted by
@@ -115,18 +116,27 @@ void drawPanel(QPainter& p, QImage& img, int x, int y, const Recipe& r, const Bu
 
 int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: soundsheet <tree> <out-folder>\n");
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: soundsheet <tree> <out-folder> [file...]\n");
         return 2;
     }
     const std::filesystem::path tree = argv[1], outDir = argv[2];
+    const std::vector<std::string> only(argv + 3, argv + argc);
     std::vector<std::string> banks;
     std::map<std::string, std::vector<const Recipe*>> byBank;
     for (const auto& r : recipes()) {
-        if (byBank[r.bank].empty()) {
-            banks.push_back(r.bank);
+        const std::string bank = only.empty() ? r.bank : "Selection";
+        if (!only.empty() && std::find(only.begin(), only.end(), r.file) == only.end()) {
+            continue;
         }
-        byBank[r.bank].push_back(&r);
+        if (byBank[bank].empty()) {
+            banks.push_back(bank);
+        }
+        byBank[bank].push_back(&r);
+    }
+    if (banks.empty()) {
+        std::fprintf(stderr, "soundsheet: no such sound\n");
+        return 1;
     }
     std::filesystem::create_directories(outDir);
     int status = 0;
