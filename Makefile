@@ -42,6 +42,9 @@ test-tsan: setup
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; $$b; done
 
+sound-sheets: build
+	cmake --build $(BUILD) --target sound_sheets
+
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
