@@ -17,6 +17,9 @@ Application::Application(const Platform& platform)
       random(platform.random),
       STARTUP(*this),
       frmmain(*this),
+      frmback(*this, backgroundBankConfig(BackgroundBankId::One)),
+      frmback2(*this, backgroundBankConfig(BackgroundBankId::Two)),
+      frmbackcustom(*this, backgroundBankConfig(BackgroundBankId::Custom)),
       frmrandommain(*this, randomBankConfig(1)),
       frmrandommain2(*this, randomBankConfig(2)),
       frmrandommain3(*this, randomBankConfig(3)),
@@ -54,11 +57,18 @@ std::vector<MixGroupFollower*> Application::groupFollowers() {
     // The console's order: frmback, frmback2, frmremote2, frmrandommain, frmbackcustom,
     // frmcustom, frmrandommain2, frmrandommain3, frmrandommain4. Panels not yet in the
     // program join at their place.
-    return {&frmrandommain, &frmrandommain2, &frmrandommain3, &frmrandommain4};
+    return {&frmback,        &frmback2,       &frmrandommain, &frmbackcustom,
+            &frmrandommain2, &frmrandommain3, &frmrandommain4};
+}
+
+std::array<BackgroundBank*, 3> Application::backgroundBanks() {
+    return {&frmback, &frmback2, &frmbackcustom};
 }
 
 void Application::hideBanks() {
-    // The background and custom banks hide here too.
+    for (BackgroundBank* bank : backgroundBanks()) {
+        bank->window.hide();
+    }
     for (RandomBank* bank : randomBanks()) {
         bank->window.hide();
     }
@@ -77,6 +87,9 @@ void Application::unloadPanels() {
     // Frmcolorpicker, and the remaining panels. Each bank writes its session copy as it
     // unloads.
     frmmain.unload();
+    frmback.unload();
+    frmback2.unload();
+    frmbackcustom.unload();
     frmrandommain.unload();
     frmrandommain2.unload();
     frmrandommain3.unload();

@@ -14,8 +14,10 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
+#include "banks/background/background_bank.h"
 #include "banks/random/identify_panel.h"
 #include "banks/random/random_bank.h"
 #include "core/frmmain.h"
@@ -54,10 +56,19 @@ class Application {
     int SoundCardIndex = 0;
     // The ceiling of the intro fade of Master, from the session.
     int SavedMasterLevel = 0;
+    // Which panel was shown last, as the console reads it; the custom background bank
+    // sets 3.
+    int PanelMarker = 0;
+    // The sound selection panel's hand-over to the custom banks: the files chosen, in
+    // order, the rest empty.
+    std::array<std::string, 28> handOverFiles{};
 
     // The panels. Constructors only wire handlers; each panel's load does its work.
     StartupSplash STARTUP;
     Frmmain frmmain;
+    BackgroundBank frmback;
+    BackgroundBank frmback2;
+    BackgroundBank frmbackcustom;
     RandomBank frmrandommain;
     RandomBank frmrandommain2;
     RandomBank frmrandommain3;
@@ -77,6 +88,9 @@ class Application {
     std::array<RandomBank*, 4> randomBanks();
     // Bank `number`, 1 to 4; nullptr for any other number.
     RandomBank* randomBank(int number);
+
+    // frmback, frmback2, frmbackcustom.
+    std::array<BackgroundBank*, 3> backgroundBanks();
 
     // Every panel following the console's group sliders, in the order the console
     // writes to them.

@@ -14,6 +14,12 @@ Frmmain::Frmmain(Application& app) : TimerIntroVolFade(app.loop, kIntroFadeMs), 
         group(g).onChange = [this, g] { groupChanged(g); };
     }
 
+    background1Button.setCaption("Background 1");
+    background1Button.onClick = [this] { app_.frmback.show(); };
+    background2Button.setCaption("Background 2");
+    background2Button.onClick = [this] { app_.frmback2.show(); };
+    customBackgroundButton.setCaption("Custom Background");
+    customBackgroundButton.onClick = [this] { app_.frmbackcustom.show(); };
     randomButton.setCaption("Random");
     randomButton.onClick = [this] { showRandomBank(); };
     identifyButton.setCaption("Identify");
@@ -76,8 +82,11 @@ void Frmmain::load() {
     // 11. main.tmp: alarm state, previous scenario, the randomise panels' sliders.
 
     // The hidden panels come into being here, before the session of step 12 touches
-    // them: each random bank loads its samples and starts its scheduler. The background
-    // banks and the custom banks load here too.
+    // them: each background bank sets its drift speeds, each random bank loads its
+    // samples and starts its scheduler. The custom random bank loads here too.
+    for (BackgroundBank* bank : app_.backgroundBanks()) {
+        bank->load();
+    }
     for (RandomBank* bank : app_.randomBanks()) {
         bank->load();
     }
@@ -172,7 +181,13 @@ void Frmmain::masterStop() {
             bank->slot(s).frequency.setValue(0);
         }
     }
-    // Then every slot check box of frmback, frmback2 and frmbackcustom is cleared.
+    // Then every slot check box of frmback, frmback2 and frmbackcustom is cleared: the
+    // check boxes' handlers stop the loops and free their samples.
+    for (BackgroundBank* bank : app_.backgroundBanks()) {
+        for (int s = 1; s <= kBackgroundSlots; ++s) {
+            bank->slot(s).on.setValue(0);
+        }
+    }
     for (RandomBank* bank : app_.randomBanks()) {
         bank->stopBank();
     }

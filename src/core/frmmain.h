@@ -34,6 +34,11 @@ class Frmmain {
     GroupSlider CD{MixGroup::CD};
     GroupSlider Bwaves{MixGroup::Bwaves};
 
+    // "Background 1", "Background 2", "Custom Background": show frmback, frmback2,
+    // frmbackcustom.
+    CommandButton background1Button;
+    CommandButton background2Button;
+    CommandButton customBackgroundButton;
     // "Random": shows the random bank CurrentRandomBank names.
     CommandButton randomButton;
     // "Identify": shows Frmsoundindent.

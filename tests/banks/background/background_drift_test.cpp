@@ -1,0 +1,224 @@
+// The volume drift on virtual time: the walk, its speed, its targets, and how limit
+// and rate changes steer it.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+
+#include "background_harness.h"
+#include "base/random.h"
+#include "core/slot_volume.h"
+
+namespace brevane {
+namespace {
+
+using test::Op;
+
+class BackgroundDriftTest : public ::testing::Test, public test::BackgroundBankFixture {
+  protected:
+    // The target the next draw gives for the limits low..high.
+    int nextTarget(int low, int high) const {
+        brevane::Random peek = h.random;
+        return static_cast<int>(std::nearbyint(peek.next() * (high - low) + low));
+    }
+    // Sets a slot's limits by their bars.
+    static void setLimits(BackgroundSoundSlot& sl, int low, int high) {
+        sl.highLimitBar.setValue(250 - high);
+        sl.lowLimitBar.setValue(250 - low);
+    }
+};
+
+TEST_F(BackgroundDriftTest, ADefaultSlotWalksDownAStepASecondToZeroThenWandersInsideItsRange) {
+    BackgroundSoundSlot& sl = app->frmback.slot(1);
+    sl.volume.setValue(100);
+    sl.on.setValue(1);
+    EXPECT_EQ(sl.driftTarget, 0);
+    const ChannelHandle channel = sl.channel;
+
+    for (int second = 1; second <= 99; ++second) {
+        h.loop.advance(1000);
+        ASSERT_EQ(sl.volume.value(), 100 - second) << "after " << second << " s";
+        ASSERT_EQ(sl.driftTarget, 0);
+    }
+    // Each step is heard: the running loop's volume follows the slider.
+    EXPECT_EQ(h.engine.channel(channel)->volume, slotVolume(100, 100, 1));
+
+    // The tick that reaches 0 draws the next target at once.
+    const int expected = nextTarget(0, 250);
+    h.loop.advance(1000);
+    EXPECT_EQ(sl.volume.value(), 0);
+    EXPECT_EQ(sl.driftTarget, expected);
+
+    // From here it wanders: one step a tick, never outside 0..250, turning each time it
+    // reaches a target.
+    int previous = 0;
+    int turns = 0;
+    int direction = 0;
+    for (int second = 0; second < 3000; ++second) {
+        h.loop.advance(1000);
+        const int v = sl.volume.value();
+        ASSERT_LE(std::abs(v - previous), 1);
+        ASSERT_GE(v, 0);
+        ASSERT_LE(v, 250);
+        ASSERT_GE(sl.driftTarget, 0);
+        ASSERT_LE(sl.driftTarget, 250);
+        if (v != previous) {
+            const int d = v > previous ? 1 : -1;
+            if (direction != 0 && d != direction) {
+                ++turns;
+            }
+            direction = d;
+        }
+        previous = v;
+    }
+    EXPECT_GE(turns, 5);
+}
+
+TEST_F(BackgroundDriftTest, TheRateSetsTheStepInterval) {
+    BackgroundSoundSlot& sl = app->frmback2.slot(3);
+    const std::map<int, int> intervals{{1, 4995}, {800, 1000}, {999, 5}, {500, 2500}};
+    for (const auto& [rate, ms] : intervals) {
+        sl.rate.setValue(rate);
+        EXPECT_EQ(sl.timer.interval(), ms) << rate;
+    }
+    // At 999 a slot walks 200 steps a second.
+    sl.volume.setValue(250);
+    sl.on.setValue(1);
+    h.loop.advance(1000);
+    EXPECT_EQ(sl.volume.value(), 50);
+}
+
+TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTarget) {
+    BackgroundSoundSlot& sl = app->frmback.slot(8);
+    setLimits(sl, 200, 200);
+    sl.on.setValue(1);
+    h.loop.advance(10'000);
+    EXPECT_EQ(sl.volume.value(), 10);
+
+    sl.rate.setValue(0);
+    EXPECT_TRUE(sl.timer.enabled());
+    EXPECT_EQ(sl.timer.interval(), 0);
+    h.loop.advance(600'000);
+    EXPECT_EQ(sl.volume.value(), 10);
+    EXPECT_EQ(sl.driftTarget, 200);
+
+    sl.rate.setValue(990);  // 50 ms a step
+    h.loop.advance(1000);
+    EXPECT_EQ(sl.volume.value(), 30);
+}
+
+TEST_F(BackgroundDriftTest, MovingALimitDrawsANewTargetAtOnceEvenWhenTheSlotIsOff) {
+    BackgroundSoundSlot& sl = app->frmback.slot(11);
+    EXPECT_FALSE(sl.on.checked());
+    int expected = nextTarget(40, 250);
+    sl.lowLimitBar.setValue(210);
+    EXPECT_EQ(sl.driftTarget, expected);
+    EXPECT_EQ(app->frmback.lowScratch, 40);
+    EXPECT_EQ(app->frmback.highScratch, 250);
+    // A text written from outside (the night does so) draws as well: the low text's
+    // draw comes first, then the high text's.
+    brevane::Random peek = h.random;
+    peek.next();
+    expected = static_cast<int>(std::nearbyint(peek.next() * 5));
+    sl.lowLimitText.setText("0");
+    sl.highLimitText.setText("5");
+    EXPECT_EQ(sl.driftTarget, expected);
+    EXPECT_LE(sl.driftTarget, 5);
+}
+
+TEST_F(BackgroundDriftTest, AWalkTurnsAtOnceWhenTheRangeMovesBelowIt) {
+    BackgroundSoundSlot& sl = app->frmback2.slot(12);
+    setLimits(sl, 230, 250);
+    sl.on.setValue(1);
+    h.loop.advance(100'000);
+    ASSERT_EQ(sl.volume.value(), 100);  // still climbing
+    ASSERT_GE(sl.driftTarget, 230);
+
+    setLimits(sl, 0, 20);
+    EXPECT_LE(sl.driftTarget, 20);
+    h.loop.advance(1000);
+    EXPECT_EQ(sl.volume.value(), 99);
+    // A level outside the range is walked back in, step by step, and stays in.
+    h.loop.advance(60'000);
+    EXPECT_EQ(sl.volume.value(), 39);
+    h.loop.advance(40'000);
+    for (int i = 0; i < 300; ++i) {
+        h.loop.advance(1000);
+        ASSERT_LE(sl.volume.value(), 20);
+    }
+}
+
+TEST_F(BackgroundDriftTest, EqualLimitsWalkToThatLevelAndHoldIt) {
+    BackgroundSoundSlot& sl = app->frmbackcustom.slot(2);
+    sl.volume.setValue(180);
+    setLimits(sl, 175, 175);
+    sl.on.setValue(1);
+    h.loop.advance(5000);
+    EXPECT_EQ(sl.volume.value(), 175);
+    const auto before = h.engine.callsOf(Op::SetVolume).size();
+    h.loop.advance(60'000);
+    EXPECT_EQ(sl.volume.value(), 175);
+    EXPECT_EQ(sl.driftTarget, 175);
+    // Holding sets nothing on the engine.
+    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), before);
+    // The hand moves it; the next ticks walk it back.
+    sl.volume.setValue(170);
+    h.loop.advance(5000);
+    EXPECT_EQ(sl.volume.value(), 175);
+}
+
+TEST_F(BackgroundDriftTest, SwitchingOffPausesTheWalkWhichResumesWhereItStood) {
+    BackgroundSoundSlot& sl = app->frmback.slot(14);
+    setLimits(sl, 120, 120);
+    sl.on.setValue(1);
+    h.loop.advance(30'000);
+    ASSERT_EQ(sl.volume.value(), 30);
+    sl.on.setValue(0);
+    h.loop.advance(30'000);
+    EXPECT_EQ(sl.volume.value(), 30);
+    sl.on.setValue(1);
+    h.loop.advance(30'000);
+    EXPECT_EQ(sl.volume.value(), 60);
+}
+
+TEST_F(BackgroundDriftTest, BothLimitsComeUpAtAboutHalfTheChanceOfAnInnerValue) {
+    BackgroundSoundSlot& sl = app->frmback.slot(1);
+    setLimits(sl, 20, 30);
+    std::map<int, int> counts;
+    constexpr int kDraws = 200'000;
+    for (int i = 0; i < kDraws; ++i) {
+        app->frmback.drawTarget(1);
+        ++counts[sl.driftTarget];
+    }
+    ASSERT_EQ(counts.size(), 11u);
+    EXPECT_EQ(counts.begin()->first, 20);
+    EXPECT_EQ(counts.rbegin()->first, 30);
+    // Ten equal spans: each inner value takes a whole one, each end half of one.
+    const double inner = kDraws / 10.0;
+    for (const auto& [value, n] : counts) {
+        const double expected = (value == 20 || value == 30) ? inner / 2 : inner;
+        EXPECT_NEAR(n, expected, expected * 0.05) << value;
+    }
+}
+
+TEST_F(BackgroundDriftTest, AllThreeBanksDriftIndependentlyOnTheSameLoop) {
+    for (BackgroundBank* bank : app->backgroundBanks()) {
+        for (int s = 1; s <= kBackgroundSlots; ++s) {
+            bank->slot(s).rate.setValue(999);
+            bank->slot(s).on.setValue(1);
+        }
+    }
+    h.loop.advance(2000);
+    // 400 steps: each slot has reached 0 and wandered off on its own target.
+    std::map<int, int> distinct;
+    for (BackgroundBank* bank : app->backgroundBanks()) {
+        for (int s = 1; s <= kBackgroundSlots; ++s) {
+            ++distinct[bank->slot(s).volume.value()];
+        }
+    }
+    EXPECT_GT(distinct.size(), 30u);
+}
+
+}  // namespace
+}  // namespace brevane

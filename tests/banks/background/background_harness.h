@@ -1,0 +1,139 @@
+#pragma once
+// The whole Application on a recording engine, with helpers to read the background
+// banks' engine calls as short lines ("load bin/1.isz -> s1", "play s1 -> c1") and to
+// take a snapshot of everything a bank shows.
+
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "core/app_harness.h"
+#include "core/application.h"
+#include "engine/recording_engine.h"
+
+namespace brevane::test {
+
+using Op = RecordingEngine::Op;
+
+// Names handles by their first appearance, so expected call lists do not depend on
+// how many handles earlier panels took: samples s1, s2, ..., channels c1, c2, ...; a
+// handle never given out during the recording is "s?"/"c?", and 0 is "s0"/"c0".
+class CallNames {
+  public:
+    explicit CallNames(std::filesystem::path root) : root_(std::move(root)) {}
+
+    std::string line(const RecordingEngine::Call& c) {
+        switch (c.op) {
+            case Op::LoadSample:
+                return "load " + c.path.lexically_relative(root_).generic_string() + " -> " +
+                       sample(c.result, true);
+            case Op::FreeSample:
+                return "free " + sample(c.a, false);
+            case Op::Play:
+                return "play " + sample(c.a, false) + " -> " + channel(c.result, true);
+            case Op::Stop:
+                return "stop " + channel(c.a, false);
+            case Op::SetVolume:
+                return "volume " + channel(c.a, false) + " " + std::to_string(c.b);
+            case Op::SetPan:
+                return "pan " + channel(c.a, false) + " " + std::to_string(c.b);
+            case Op::SetLoopMode:
+                return "loop " + channel(c.a, false) + (c.b != 0 ? " normal" : " off");
+            default:
+                return c.text();
+        }
+    }
+
+    std::string sample(std::int64_t handle, bool given) {
+        return name(samples_, "s", handle, given);
+    }
+    std::string channel(std::int64_t handle, bool given) {
+        return name(channels_, "c", handle, given);
+    }
+
+  private:
+    static std::string name(std::map<std::int64_t, std::string>& names, const char* prefix,
+                            std::int64_t handle, bool given) {
+        if (handle == 0) {
+            return std::string(prefix) + "0";
+        }
+        auto it = names.find(handle);
+        if (it != names.end()) {
+            return it->second;
+        }
+        if (!given) {
+            return std::string(prefix) + "?";
+        }
+        const std::string n = prefix + std::to_string(names.size() + 1);
+        names.emplace(handle, n);
+        return n;
+    }
+
+    std::filesystem::path root_;
+    std::map<std::int64_t, std::string> samples_;
+    std::map<std::int64_t, std::string> channels_;
+};
+
+// The engine calls since the last clear as short lines; calls on channel 0 (slots
+// that never played) are left out when `skipChannelZero`.
+inline std::vector<std::string> callLines(const RecordingEngine& engine,
+                                          const std::filesystem::path& root,
+                                          bool skipChannelZero = true) {
+    CallNames names(root);
+    std::vector<std::string> out;
+    for (const auto& c : engine.calls()) {
+        const bool onChannel = c.op == Op::SetVolume || c.op == Op::SetPan ||
+                               c.op == Op::SetLoopMode || c.op == Op::Stop;
+        if (skipChannelZero && onChannel && c.a == 0) {
+            continue;
+        }
+        out.push_back(names.line(c));
+    }
+    return out;
+}
+
+// Everything a background bank shows, as text, for "nothing changed" checks.
+inline std::string snapshot(const BackgroundBank& bank) {
+    std::ostringstream s;
+    for (int i = 1; i <= kBackgroundSlots; ++i) {
+        const BackgroundSoundSlot& sl = bank.slot(i);
+        s << i << ": " << sl.on.value() << " '" << sl.on.caption() << "' '" << sl.on.toolTip()
+          << "' v" << sl.volume.value() << " b" << sl.balance.value() << " r" << sl.rate.value()
+          << " u" << sl.lowLimitBar.value() << "/" << sl.highLimitBar.value() << " t"
+          << sl.lowLimitText.text() << "/" << sl.highLimitText.text() << " d" << sl.driftTarget
+          << " '" << sl.path << "' s" << sl.sample << " c" << sl.channel << " timer"
+          << sl.timer.enabled() << "/" << sl.timer.interval() << "\n";
+    }
+    s << "strip " << bank.Master.value() << " " << bank.maxvol.value() << " " << bank.Random.value()
+      << " " << bank.MP3.value() << " " << bank.CD.value() << " " << bank.Bwaves.value()
+      << " hidden " << bank.hiddenVolume.value() << " " << bank.hiddenRate.value() << " "
+      << bank.hiddenCheck.value() << "\n";
+    return s.str();
+}
+
+// A started Application with Master and Background at 100, the random banks' schedulers
+// stopped, no calls recorded yet.
+class BackgroundBankFixture {
+  public:
+    explicit BackgroundBankFixture(std::uint64_t seed = 99) : h(seed) {
+        app = &h.startAndLoad();
+        app->frmmain.Master.setValue(100);
+        app->frmmain.Background.setValue(100);
+        // The random banks' schedulers would share the random source with the drift.
+        for (RandomBank* bank : app->randomBanks()) {
+            bank->Timer2.setEnabled(false);
+        }
+        h.engine.clearCalls();
+        h.dialogs.clear();
+    }
+
+    std::vector<std::string> lines(bool skipChannelZero = true) const {
+        return callLines(h.engine, h.tree.root(), skipChannelZero);
+    }
+
+    AppHarness<RecordingEngine> h;
+    Application* app = nullptr;
+};
+
+}  // namespace brevane::test
