@@ -7,13 +7,27 @@
 
 #include "engine/effects/denormals.h"
 #include "engine/effects/effects_chain.h"
+#include "engine/effects/float4.h"
 
 namespace brevane {
 
 namespace {
 
-constexpr std::int64_t kRate = kMixRate;
-constexpr float kInvRate = 1.0f / static_cast<float>(kMixRate);
+constexpr int kFractionBits = 32;
+constexpr std::uint64_t kOne = std::uint64_t{1} << kFractionBits;
+// The top 24 bits of a position's fraction, as a float in [0, 1).
+constexpr float kFractionScale = 1.0f / static_cast<float>(1 << 24);
+inline float fractionOf(std::uint64_t pos) {
+    return static_cast<float>(static_cast<std::int32_t>((pos >> 8) & 0xffffff)) * kFractionScale;
+}
+inline std::int64_t frameOf(std::uint64_t pos) {
+    return static_cast<std::int64_t>(pos >> kFractionBits);
+}
+
+// Step per output frame for playback at `hz`, rounded to the nearest step.
+inline std::uint64_t stepFor(int hz) {
+    return ((static_cast<std::uint64_t>(hz) << kFractionBits) + kMixRate / 2) / kMixRate;
+}
 // Commands large enough for a long burst of slider moves between two device callbacks.
 constexpr std::size_t kQueueCapacity = 16384;
 
@@ -42,6 +56,198 @@ inline float hermite(float xm1, float x0, float x1, float x2, float t) {
     const float c3 = 1.5f * (x0 - x1) + 0.5f * (x2 - xm1);
     const float c2 = xm1 - x0 + c1 - c3;
     return ((c3 * t + c2) * t + c1) * t + x0;
+}
+
+// The same for four frames at once: xm1, x0, x1, x2 hold one tap of each frame.
+inline Float4 hermite(Float4 xm1, Float4 x0, Float4 x1, Float4 x2, Float4 t) {
+    const Float4 c1 = 0.5f * (x1 - xm1);
+    const Float4 c3 = 1.5f * (x0 - x1) + 0.5f * (x2 - xm1);
+    const Float4 c2 = xm1 - x0 + c1 - c3;
+    return ((c3 * t + c2) * t + c1) * t + x0;
+}
+
+inline Float4 load4(const float* p) {
+    Float4 v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+
+inline void store4(float* p, Float4 v) {
+    std::memcpy(p, &v, sizeof v);
+}
+
+using Int4 = int __attribute__((vector_size(16)));
+// Eight lanes: one AVX register where the processor has it, two SSE registers elsewhere.
+using Float8 = float __attribute__((vector_size(32)));
+using Int8 = int __attribute__((vector_size(32)));
+using UInt4 = std::uint32_t __attribute__((vector_size(16)));
+using UInt8 = std::uint32_t __attribute__((vector_size(32)));
+
+// (Eight-lane code is written out where used: a function taking or returning eight lanes
+// would change its calling convention between the two builds of the mixing loop.)
+
+// Where a voice reads its sample.
+struct Playhead {
+    const float* samples;
+    std::int64_t length;
+    bool loop;
+    std::uint64_t step;
+    std::uint64_t pos;
+};
+
+// A voice's gains over one sub-block: a straight line from the first frame on.
+struct Gains {
+    float left, leftStep, right, rightStep;
+};
+
+// Adds one sub-block of a voice, resampled, to the mix; returns how many frames came
+// before the sound ended (a whole sub-block when it did not end). The innermost loop of
+// the mixer.
+[[gnu::always_inline]] inline int resampleBody(Playhead& h, const Gains& g, float* left,
+                                               float* right) {
+    const float* s = h.samples;
+    const std::int64_t n = h.length;
+    const std::uint64_t step = h.step;
+    std::uint64_t pos = h.pos;
+    // Copies: the mix buffers cannot alias locals, so they stay in registers.
+    const float gl = g.left;
+    const float dl = g.leftStep;
+    const float gr = g.right;
+    const float dr = g.rightStep;
+    // Adds one frame `y` at frame `i` of the sub-block, and four frames from `i` on.
+    auto add1 = [&](int i, float y) {
+        const auto at = static_cast<float>(i);
+        left[i] += y * (gl + dl * at);
+        right[i] += y * (gr + dr * at);
+    };
+    auto add4 = [&](int i, Float4 y) {
+        const Float4 at = Float4{0.0f, 1.0f, 2.0f, 3.0f} + static_cast<float>(i);
+        store4(left + i, load4(left + i) + y * (gl + dl * at));
+        store4(right + i, load4(right + i) + y * (gr + dr * at));
+    };
+    int produced = 0;
+    while (produced < kSubBlockFrames) {
+        const std::int64_t frame = frameOf(pos);
+        if (frame >= 1 && frame + 2 < n) {
+            // Interior: all four taps are inside the sample. Run as many frames as stay
+            // inside without a check per frame.
+            const std::uint64_t room = (static_cast<std::uint64_t>(n - 2) << kFractionBits) - pos;
+            const auto wanted = static_cast<std::uint64_t>(kSubBlockFrames - produced);
+            const int k =
+                static_cast<int>(room > step * wanted ? wanted : (room + step - 1) / step);
+            // Steps one frame: returns its four taps, neighbours in memory, in one load.
+            auto next = [&] {
+                const Float4 taps = load4(s + (pos >> kFractionBits) - 1);
+                pos += step;
+                return taps;
+            };
+            // The fractions of the next frames, from the low half of the position alone
+            // (which wraps the same way), in the top 24 bits that a float holds exactly.
+            const auto lowStep = static_cast<std::uint32_t>(step);
+            const UInt8 fractionSteps = UInt8{0, 1, 2, 3, 4, 5, 6, 7} * lowStep;
+            const int end = produced + k;
+            // Eight frames at a time: frames q and q + 4 share a vector, and a transpose
+            // within each half turns their taps into one vector per tap.
+            for (; produced + 8 <= end; produced += 8) {
+                const UInt8 fractions = (static_cast<std::uint32_t>(pos) + fractionSteps) >> 8;
+                const Float8 t = __builtin_convertvector(fractions, Float8) * kFractionScale;
+                const Float4 f0 = next(), f1 = next(), f2 = next(), f3 = next();
+                const Float4 f4 = next(), f5 = next(), f6 = next(), f7 = next();
+                const Float8 y0 = __builtin_shufflevector(f0, f4, 0, 1, 2, 3, 4, 5, 6, 7);
+                const Float8 y1 = __builtin_shufflevector(f1, f5, 0, 1, 2, 3, 4, 5, 6, 7);
+                const Float8 y2 = __builtin_shufflevector(f2, f6, 0, 1, 2, 3, 4, 5, 6, 7);
+                const Float8 y3 = __builtin_shufflevector(f3, f7, 0, 1, 2, 3, 4, 5, 6, 7);
+                const Int8 low2 = {0, 8, 1, 9, 4, 12, 5, 13};
+                const Int8 high2 = {2, 10, 3, 11, 6, 14, 7, 15};
+                const Float8 lo01 = __builtin_shuffle(y0, y1, low2);
+                const Float8 hi01 = __builtin_shuffle(y0, y1, high2);
+                const Float8 lo23 = __builtin_shuffle(y2, y3, low2);
+                const Float8 hi23 = __builtin_shuffle(y2, y3, high2);
+                const Int8 first = {0, 1, 8, 9, 4, 5, 12, 13};
+                const Int8 second = {2, 3, 10, 11, 6, 7, 14, 15};
+                const Float8 xm1 = __builtin_shuffle(lo01, lo23, first);
+                const Float8 x0 = __builtin_shuffle(lo01, lo23, second);
+                const Float8 x1 = __builtin_shuffle(hi01, hi23, first);
+                const Float8 x2 = __builtin_shuffle(hi01, hi23, second);
+                const Float8 c1 = 0.5f * (x1 - xm1);
+                const Float8 c3 = 1.5f * (x0 - x1) + 0.5f * (x2 - xm1);
+                const Float8 c2 = xm1 - x0 + c1 - c3;
+                const Float8 out = ((c3 * t + c2) * t + c1) * t + x0;
+                const Float8 at = Float8{0.0f, 1.0f, 2.0f, 3.0f, 4.0f, 5.0f, 6.0f, 7.0f} +
+                                  static_cast<float>(produced);
+                Float8 l;
+                Float8 r;
+                std::memcpy(&l, left + produced, sizeof l);
+                std::memcpy(&r, right + produced, sizeof r);
+                l += out * (gl + dl * at);
+                r += out * (gr + dr * at);
+                std::memcpy(left + produced, &l, sizeof l);
+                std::memcpy(right + produced, &r, sizeof r);
+            }
+            // Four frames at a time, the same way.
+            for (; produced + 4 <= end; produced += 4) {
+                const UInt4 fractions =
+                    (static_cast<std::uint32_t>(pos) + UInt4{0, 1, 2, 3} * lowStep) >> 8;
+                const Float4 t = __builtin_convertvector(fractions, Float4) * kFractionScale;
+                const Float4 f0 = next(), f1 = next(), f2 = next(), f3 = next();
+                const Float4 lo01 = __builtin_shuffle(f0, f1, Int4{0, 4, 1, 5});
+                const Float4 hi01 = __builtin_shuffle(f0, f1, Int4{2, 6, 3, 7});
+                const Float4 lo23 = __builtin_shuffle(f2, f3, Int4{0, 4, 1, 5});
+                const Float4 hi23 = __builtin_shuffle(f2, f3, Int4{2, 6, 3, 7});
+                const Float4 xm1 = __builtin_shuffle(lo01, lo23, Int4{0, 1, 4, 5});
+                const Float4 x0 = __builtin_shuffle(lo01, lo23, Int4{2, 3, 6, 7});
+                const Float4 x1 = __builtin_shuffle(hi01, hi23, Int4{0, 1, 4, 5});
+                const Float4 x2 = __builtin_shuffle(hi01, hi23, Int4{2, 3, 6, 7});
+                add4(produced, hermite(xm1, x0, x1, x2, t));
+            }
+            for (; produced < end; ++produced) {
+                const float* p = s + (pos >> kFractionBits) - 1;
+                add1(produced, hermite(p[0], p[1], p[2], p[3], fractionOf(pos)));
+                pos += step;
+            }
+            continue;
+        }
+        // Near an end: the taps wrap round a loop or read silence past a one-shot.
+        if (frame >= n) {
+            if (!h.loop) {
+                break;
+            }
+            pos = (static_cast<std::uint64_t>(frame % n) << kFractionBits) | (pos & (kOne - 1));
+            continue;
+        }
+        const bool loop = h.loop;
+        auto tap = [&](std::int64_t i) -> float {
+            if (loop) {
+                i %= n;
+                if (i < 0) {
+                    i += n;
+                }
+                return s[i];
+            }
+            return i < 0 || i >= n ? 0.0f : s[i];
+        };
+        add1(produced++,
+             hermite(tap(frame - 1), tap(frame), tap(frame + 1), tap(frame + 2), fractionOf(pos)));
+        pos += step;
+    }
+    h.pos = pos;
+    return produced;
+}
+
+// The same loop built for processors with AVX2, which take eight frames in one register.
+[[gnu::target("avx2")]] int resampleWide(Playhead& h, const Gains& g, float* left, float* right) {
+    return resampleBody(h, g, left, right);
+}
+
+int resampleNarrow(Playhead& h, const Gains& g, float* left, float* right) {
+    return resampleBody(h, g, left, right);
+}
+
+std::atomic<bool> wideLoopAllowed{true};
+
+bool useWideLoop() {
+    static const bool hasAvx2 = __builtin_cpu_supports("avx2");
+    return hasAvx2 && wideLoopAllowed.load(std::memory_order_relaxed);
 }
 
 }  // namespace
@@ -107,11 +313,16 @@ void Mixer::render(float* out, int frames) {
 
 void Mixer::renderSubBlock(float* out) {
     applyPending();
-    std::fill(mix_.begin(), mix_.end(), 0.0f);
+    left_.fill(0.0f);
+    right_.fill(0.0f);
     for (int i = 0; i < kVoices; ++i) {
         if (voices_[static_cast<std::size_t>(i)].sample != nullptr) {
             mixVoice(i);
         }
+    }
+    for (int i = 0; i < kSubBlockFrames; ++i) {
+        mix_[static_cast<std::size_t>(2 * i)] = left_[static_cast<std::size_t>(i)];
+        mix_[static_cast<std::size_t>(2 * i + 1)] = right_[static_cast<std::size_t>(i)];
     }
     runEffects();
     std::memcpy(out, mix_.data(), sizeof(float) * mix_.size());
@@ -143,8 +354,7 @@ void Mixer::apply(const MixCommand& c) {
             v = Voice{};
             v.sample = c.sample;
             v.generation = c.generation;
-            v.stepInt = static_cast<std::uint32_t>(c.sample->rate / kMixRate);
-            v.stepFrac = static_cast<std::uint32_t>(c.sample->rate % kMixRate);
+            v.step = stepFor(std::clamp(c.sample->rate, kMinFrequency, kMaxFrequency));
             v.dirty = true;
             ++c.sample->voiceRefs;
             return;
@@ -175,8 +385,7 @@ void Mixer::apply(const MixCommand& c) {
         case Op::Frequency:
             if (Voice* v = channelVoice(c)) {
                 const int hz = std::clamp(c.value, kMinFrequency, kMaxFrequency);
-                v->stepInt = static_cast<std::uint32_t>(hz / kMixRate);
-                v->stepFrac = static_cast<std::uint32_t>(hz % kMixRate);
+                v->step = stepFor(hz);
             }
             return;
         case Op::Pause:
@@ -234,6 +443,10 @@ void Mixer::apply(const MixCommand& c) {
             return;
         }
     }
+}
+
+void Mixer::allowWideLoop(bool allowed) {
+    wideLoopAllowed.store(allowed, std::memory_order_relaxed);
 }
 
 void Mixer::retarget(Voice& v) {
@@ -321,104 +534,30 @@ void Mixer::mixVoice(int index) {
     v.gainL = l1;
     v.gainR = r1;
 
-    const int n = resample(v, mono_.data(), kSubBlockFrames);
-    const float dl = (l1 - l0) / static_cast<float>(kSubBlockFrames);
-    const float dr = (r1 - r0) / static_cast<float>(kSubBlockFrames);
-    float* mix = mix_.data();
-    const float* mono = mono_.data();
-    if (dl == 0.0f && dr == 0.0f) {
-        for (int i = 0; i < n; ++i) {
-            mix[2 * i] += mono[i] * l0;
-            mix[2 * i + 1] += mono[i] * r0;
-        }
-    } else {
-        for (int i = 0; i < n; ++i) {
-            const float fi = static_cast<float>(i);
-            mix[2 * i] += mono[i] * (l0 + dl * fi);
-            mix[2 * i + 1] += mono[i] * (r0 + dr * fi);
-        }
-    }
+    // Gains move in a straight line across the sub-block.
+    const Gains gains{l0, (l1 - l0) / static_cast<float>(kSubBlockFrames), r0,
+                      (r1 - r0) / static_cast<float>(kSubBlockFrames)};
+    Playhead head{v.sample->frames.data(), static_cast<std::int64_t>(v.sample->frames.size()),
+                  v.loop, v.step, v.pos};
+    const int n = useWideLoop() ? resampleWide(head, gains, left_.data(), right_.data())
+                                : resampleNarrow(head, gains, left_.data(), right_.data());
+    v.pos = head.pos;
     if (n < kSubBlockFrames) {
         finish(index);
     }
 }
 
-int Mixer::resample(Voice& v, float* out, int count) {
-    const float* s = v.sample->frames.data();
-    const auto n = static_cast<std::int64_t>(v.sample->frames.size());
-    const std::int64_t step = static_cast<std::int64_t>(v.stepInt) * kRate + v.stepFrac;
-    const std::uint32_t stepInt = v.stepInt;
-    const std::uint32_t stepFrac = v.stepFrac;
-    std::int64_t pos = v.pos;
-    std::uint32_t frac = v.frac;
-    int produced = 0;
-    while (produced < count) {
-        if (pos >= 1 && pos + 2 < n) {
-            // Interior: all four taps are inside the sample. Run as many frames as stay
-            // inside without a check per frame.
-            const std::int64_t room = (n - 2) * kRate - (pos * kRate + frac);
-            std::int64_t k = (room + step - 1) / step;
-            k = std::min<std::int64_t>(k, count - produced);
-            for (std::int64_t j = 0; j < k; ++j) {
-                const float* p = s + pos - 1;
-                out[produced + j] =
-                    hermite(p[0], p[1], p[2], p[3], static_cast<float>(frac) * kInvRate);
-                frac += stepFrac;
-                const std::uint32_t carry = frac >= static_cast<std::uint32_t>(kRate) ? 1u : 0u;
-                frac -= carry * static_cast<std::uint32_t>(kRate);
-                pos += stepInt + carry;
-            }
-            produced += static_cast<int>(k);
-            continue;
-        }
-        // Near an end: the taps wrap round a loop or read silence past a one-shot.
-        if (pos >= n) {
-            if (!v.loop) {
-                break;
-            }
-            pos %= n;
-        }
-        const bool loop = v.loop;
-        auto tap = [&](std::int64_t i) -> float {
-            if (loop) {
-                i %= n;
-                if (i < 0) {
-                    i += n;
-                }
-                return s[i];
-            }
-            return i < 0 || i >= n ? 0.0f : s[i];
-        };
-        out[produced++] = hermite(tap(pos - 1), tap(pos), tap(pos + 1), tap(pos + 2),
-                                  static_cast<float>(frac) * kInvRate);
-        frac += stepFrac;
-        if (frac >= static_cast<std::uint32_t>(kRate)) {
-            frac -= static_cast<std::uint32_t>(kRate);
-            ++pos;
-        }
-        pos += stepInt;
-        if (loop && pos >= n) {
-            pos %= n;
-        }
-    }
-    v.pos = pos;
-    v.frac = frac;
-    return produced;
-}
-
 bool Mixer::advanceSilently(Voice& v, int count) {
     const auto n = static_cast<std::int64_t>(v.sample->frames.size());
-    const std::int64_t step = static_cast<std::int64_t>(v.stepInt) * kRate + v.stepFrac;
-    std::int64_t units = v.pos * kRate + v.frac + step * count;
-    std::int64_t pos = units / kRate;
-    if (pos >= n) {
+    std::uint64_t pos = v.pos + v.step * static_cast<std::uint64_t>(count);
+    const std::int64_t frame = frameOf(pos);
+    if (frame >= n) {
         if (!v.loop) {
             return false;
         }
-        pos %= n;
+        pos = (static_cast<std::uint64_t>(frame % n) << kFractionBits) | (pos & (kOne - 1));
     }
     v.pos = pos;
-    v.frac = static_cast<std::uint32_t>(units % kRate);
     return true;
 }
 

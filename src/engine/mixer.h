@@ -101,14 +101,20 @@ class Mixer {
     // other thread mixes.
     void reset();
 
+    // Whether the mixing loop may use AVX2 where the processor has it (it does by
+    // default). Either way gives the same samples; tests switch it off to check that.
+    // Any thread.
+    static void allowWideLoop(bool allowed);
+
   private:
     struct Voice {
         SampleRecord* sample = nullptr;
         std::uint32_t generation = 0;
-        std::int64_t pos = 0;    // whole input frames
-        std::uint32_t frac = 0;  // fraction of a frame, in 1/kMixRate units
-        std::uint32_t stepInt = 1;
-        std::uint32_t stepFrac = 0;  // step = stepInt + stepFrac / kMixRate, exact
+        // Playback position and step per output frame, in input frames, fixed point
+        // with 32 fraction bits. The step is off by at most 2^-33 frames: a rate error
+        // below 1e-5 Hz, so two channels keep their rate difference for days.
+        std::uint64_t pos = 0;
+        std::uint64_t step = std::uint64_t{1} << 32;
         int volume = 255;
         int pan = 128;
         bool loop = false;
@@ -130,9 +136,6 @@ class Mixer {
     void moveToTail(Voice& v);
     void finish(int index);
     void mixVoice(int index);
-    // Fills `out` with up to `count` resampled frames; returns how many before the sound
-    // ended (count when it did not end).
-    int resample(Voice& v, float* out, int count);
     bool advanceSilently(Voice& v, int count);
     void runEffects();
     void swapChain(ChainBox* box);
@@ -144,9 +147,10 @@ class Mixer {
 
     // Mixing-thread state.
     std::array<Voice, kVoices> voices_{};
+    alignas(64) std::array<float, kSubBlockFrames> left_{};
+    alignas(64) std::array<float, kSubBlockFrames> right_{};
     alignas(64) std::array<float, 2 * kSubBlockFrames> mix_{};
     alignas(64) std::array<float, 2 * kSubBlockFrames> fadeMix_{};
-    alignas(64) std::array<float, kSubBlockFrames> mono_{};
     alignas(64) std::array<float, 2 * kSubBlockFrames> stash_{};
     int stashPos_ = 0;
     int stashLeft_ = 0;

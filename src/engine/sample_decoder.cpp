@@ -47,14 +47,23 @@ class Decoder {
             return false;
         }
         format_.reset(raw);
-        if (avformat_find_stream_info(format_.get(), nullptr) < 0) {
-            return false;
-        }
         const AVCodec* codec = nullptr;
         stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
+        // Most audio files say all we need in their header; reading ahead to learn more
+        // (which decodes seconds of sound) is only for those that do not.
+        if (stream_ < 0 || codec == nullptr || !complete(format_->streams[stream_]->codecpar)) {
+            if (avformat_find_stream_info(format_.get(), nullptr) < 0) {
+                return false;
+            }
+            stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
+        }
         if (stream_ < 0 || codec == nullptr) {
             return false;
         }
+        // The container is known now. Left at its default, the probe size also has FFmpeg
+        // look again at the first megabytes of the sound, packet by packet, for another
+        // codec hidden inside (S/PDIF in WAV): most of the cost of loading a WAV file.
+        format_->probesize = 2048;
         codec_.reset(avcodec_alloc_context3(codec));
         if (!codec_) {
             return false;
@@ -79,6 +88,15 @@ class Decoder {
     // decoded until then is kept.
     bool decodeAll(DecodedSample& out) {
         out.rate = codec_->sample_rate;
+        // Room for the whole sound at once when the container tells its length.
+        const AVStream* st = format_->streams[stream_];
+        if (st->duration > 0 && st->time_base.num > 0) {
+            const std::int64_t frames =
+                av_rescale_q(st->duration, st->time_base, AVRational{1, out.rate});
+            if (frames > 0 && static_cast<std::uint64_t>(frames) < kMaxFrames) {
+                out.frames.reserve(static_cast<std::size_t>(frames) + 1024);
+            }
+        }
         while (av_read_frame(format_.get(), packet_.get()) >= 0) {
             const bool ours = packet_->stream_index == stream_;
             const int sent = ours ? avcodec_send_packet(codec_.get(), packet_.get()) : 0;
@@ -95,6 +113,11 @@ class Decoder {
     }
 
   private:
+    static bool complete(const AVCodecParameters* p) {
+        return p->codec_id != AV_CODEC_ID_NONE && p->codec_id != AV_CODEC_ID_PROBE &&
+               p->sample_rate > 0 && p->ch_layout.nb_channels > 0;
+    }
+
     bool drain(DecodedSample& out) {
         for (;;) {
             const int r = avcodec_receive_frame(codec_.get(), frame_.get());
@@ -140,7 +163,8 @@ class Decoder {
             return false;
         }
         planes_.resize(static_cast<std::size_t>(channels));
-        std::vector<std::uint8_t*> pointers(static_cast<std::size_t>(channels));
+        pointers_.resize(static_cast<std::size_t>(channels));
+        auto& pointers = pointers_;
         for (std::size_t c = 0; c < planes_.size(); ++c) {
             planes_[c].resize(static_cast<std::size_t>(f->nb_samples));
             pointers[c] = reinterpret_cast<std::uint8_t*>(planes_[c].data());
@@ -172,6 +196,7 @@ class Decoder {
     int swrChannels_ = 0;
     AVSampleFormat swrFormat_ = AV_SAMPLE_FMT_NONE;
     std::vector<std::vector<float>> planes_;
+    std::vector<std::uint8_t*> pointers_;
     int stream_ = -1;
 };
 

@@ -392,6 +392,18 @@ TEST_F(OfflineMix, TheSameCallsRenderTheSameSamples) {
     EXPECT_EQ(std::memcmp(whole.data(), pieces.data(), whole.size() * sizeof(float)), 0);
 }
 
+TEST_F(OfflineMix, TheWideAndTheNarrowMixingLoopGiveTheSameSamples) {
+    test::writeMono(tree.root(), "tone.wav", sine(330.0, 48000, 48000), 48000);
+    test::writeMono(tree.root(), "shot.wav", sine(1000.0, 22050, 5000), 22050);
+    const std::vector<int> chunks = {4410, 333, 4410, 64, 7777, 2048, 100, 3000, 999, 44100};
+    const std::vector<float> wide = scene(tree.root(), chunks);
+    Mixer::allowWideLoop(false);
+    const std::vector<float> narrow = scene(tree.root(), chunks);
+    Mixer::allowWideLoop(true);
+    ASSERT_EQ(wide.size(), narrow.size());
+    EXPECT_EQ(std::memcmp(wide.data(), narrow.data(), wide.size() * sizeof(float)), 0);
+}
+
 TEST_F(OfflineMix, ClosingReleasesEverythingAndLeavesTheEngineUsable) {
     const SampleHandle dc = load("dc.wav", constant(0.5f, 4410));
     const ChannelHandle ch = playLoop(dc);
