@@ -1,6 +1,17 @@
 #include "base/settings_store.h"
 
+#include <cctype>
+
 namespace brevane {
+
+namespace {
+std::string folded(std::string s) {
+    for (char& c : s) {
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return s;
+}
+}  // namespace
 
 std::string SettingsStore::valueOr(const std::string& section, const std::string& key,
                                    const std::string& fallback) const {
@@ -10,7 +21,7 @@ std::string SettingsStore::valueOr(const std::string& section, const std::string
 
 std::optional<std::string> MemorySettingsStore::value(const std::string& section,
                                                       const std::string& key) const {
-    const auto it = values_.find({section, key});
+    const auto it = values_.find({folded(section), folded(key)});
     if (it == values_.end()) {
         return std::nullopt;
     }
@@ -19,7 +30,7 @@ std::optional<std::string> MemorySettingsStore::value(const std::string& section
 
 void MemorySettingsStore::setValue(const std::string& section, const std::string& key,
                                    const std::string& value) {
-    values_[{section, key}] = value;
+    values_[{folded(section), folded(key)}] = value;
 }
 
 }  // namespace brevane

@@ -1,6 +1,7 @@
 #pragma once
 // The window settings store: values by section and key, one section per panel.
 // The program keeps it in the desktop's settings; tests keep it in memory.
+// Section and key names ignore case: panels write "Mainleft" and read "MainLeft".
 
 #include <map>
 #include <optional>
