@@ -30,6 +30,10 @@ std::vector<Recipe> build() {
     addFireRecipes(all);
     addThunderRecipes(all);
     addToneRecipes(all);
+    addBirdRecipes(all);
+    addInsectRecipes(all);
+    addFarmRecipes(all);
+    addLivingRecipes(all);
     // Group by bank in order of first appearance, files in numeric order within a bank.
     std::vector<std::string> banks;
     for (const auto& r : all) {
