@@ -1,11 +1,16 @@
-// The program: Qt, the platform the headless panels run on, and the one way out.
+// The program: Qt, the platform the headless panels run on, the Application with
+// its windows, and the one way out.
 
 #include <QApplication>
+#include <QTimer>
 
 #include "base/app_path.h"
-#include "base/dialogs.h"
 #include "base/event_loop.h"
-#include "placeholder_window.h"
+#include "base/random.h"
+#include "core/application.h"
+#include "engine/mixer_engine.h"
+#include "ui/core/application_views.h"
+#include "ui/core/main_window.h"
 #include "ui/platform/qt_dialogs.h"
 #include "ui/platform/qt_event_loop_driver.h"
 #include "ui/platform/qt_settings_store.h"
@@ -16,31 +21,51 @@
 namespace brevane {
 namespace {
 
-// What the program runs on, made once in main().
-struct Platform {
-    AppPath appPath;
-    EventLoop& loop;
-    Dialogs& dialogs;
-    QtSettingsStore& settings;
-};
+// Status when the sound engine could not start: the program ends at once.
+constexpr int kEngineFailedStatus = 1;
 
-// Builds the program on its platform, shows it and runs until the quit routine
-// ends the event loop.
-int runProgram(Platform& platform) {
-    PlaceholderPanel panel(platform.loop);
-    PlaceholderWindow window(panel);
+// Builds the Application on the real platform, shows it and runs until the quit
+// routine, or a failed start, ends the event loop.
+int runProgram(const AppPath& appPath, EventLoop& loop) {
+    QtDialogs dialogs;
+    QtSettingsStore settings;
+    Application* running = nullptr;
 
+    // Every way out (the console's quit, closing its window, a signal, the end of the
+    // desktop session) runs the console's quit once; the quit routine then leaves the
+    // event loop. Signals are caught before the sound device is opened, so that the
+    // device library finds them taken and leaves them to the program.
     QuitRoutine quitRoutine([&] {
-        // The program's shutdown, the same for every way out: hide every panel,
-        // then write the session files.
-        window.hide();
-        platform.settings.sync();
+        if (running != nullptr) {
+            running->frmmain.quitWithoutAsking();
+        }
+        settings.sync();
     });
-    quitRoutine.watchWindow(window);
     quitRoutine.catchTermination();
 
-    window.show();
-    return QApplication::exec();
+    MixerEngine engine(MixerEngine::Output::Device);
+    brevane::Random random;
+    random.reseedFromClock();
+    Application app(Platform{appPath, engine, loop, dialogs, settings, random});
+    running = &app;
+    ApplicationViews views(app);
+    quitRoutine.watchWindow(views.mainWindow());
+
+    app.onExit = [&](ExitKind kind) {
+        if (kind == ExitKind::Immediate) {
+            // Nothing is cleaned up or written: the session stays as it was.
+            QCoreApplication::exit(kEngineFailedStatus);
+        } else {
+            quitRoutine.quit();
+        }
+    };
+
+    // The splash starts from inside the event loop: showing it pumps events, and a
+    // quit that arrives then must find the loop running to end it.
+    QTimer::singleShot(0, &views.mainWindow(), [&app] { app.start(); });
+    const int status = QApplication::exec();
+    running = nullptr;
+    return status;
 }
 
 }  // namespace
@@ -56,10 +81,6 @@ int main(int argc, char** argv) {
 
     brevane::EventLoop loop;
     brevane::QtEventLoopDriver driver(loop);
-    brevane::QtDialogs dialogs;
-    brevane::QtSettingsStore settings;
-    brevane::Platform platform{
-        brevane::AppPath(brevane::pathFromQt(QCoreApplication::applicationDirPath())), loop,
-        dialogs, settings};
-    return brevane::runProgram(platform);
+    return brevane::runProgram(
+        brevane::AppPath(brevane::pathFromQt(QCoreApplication::applicationDirPath())), loop);
 }

@@ -33,7 +33,7 @@ QWidget* fader(Slider& control, const QString& name, QWidget* parent) {
 
     auto* slider = new QSlider(Qt::Vertical, column);
     slider->setMinimumHeight(160);
-    slider->setTickPosition(QSlider::TicksBothSides);
+    slider->setTickPosition(QSlider::TicksRight);
     slider->setTickInterval(10);
     slider->setAccessibleName(name);
     bindWidget(control, *slider);

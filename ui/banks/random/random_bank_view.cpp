@@ -1,5 +1,8 @@
 #include "ui/banks/random/random_bank_view.h"
 
+#include <algorithm>
+
+#include <QFontMetrics>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -28,7 +31,7 @@ QLabel* columnHeading(const QString& text, QWidget* parent) {
 
 QSlider* rowSlider(Slider& control, const QString& name, QWidget* parent) {
     auto* slider = new QSlider(Qt::Horizontal, parent);
-    slider->setMinimumWidth(90);
+    slider->setMinimumWidth(110);
     slider->setPageStep(25);
     slider->setAccessibleName(name);
     bindWidget(control, *slider);
@@ -79,8 +82,15 @@ QGroupBox* groupStrip(RandomBank& bank, QWidget* parent) {
                                                   {&bank.maxvol, QStringLiteral("Random")},
                                                   {&bank.Bwaves, QStringLiteral("Bwaves")},
                                                   {&bank.Master, QStringLiteral("Master")}};
+    // Equal columns, however long a fader's name.
+    int columnWidth = 0;
+    for (const auto& fader : faders) {
+        columnWidth =
+            std::max(columnWidth, QFontMetrics(style::smallFont()).horizontalAdvance(fader.second));
+    }
     int column = 0;
     for (const auto& [control, name] : faders) {
+        grid->setColumnMinimumWidth(column, columnWidth);
         auto* value = new QLabel(box);
         value->setFont(style::smallFont());
         value->setAlignment(Qt::AlignHCenter);
