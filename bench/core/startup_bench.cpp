@@ -10,9 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <stdlib.h>
 #include <cmath>
-
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
