@@ -24,6 +24,9 @@ Application::Application(const Platform& platform)
       frmrandommain2(*this, randomBankConfig(2)),
       frmrandommain3(*this, randomBankConfig(3)),
       frmrandommain4(*this, randomBankConfig(4)),
+      frmcustom(*this, randomBankConfig(kCustomRandomBankNumber)),
+      Form3(*this, frmrandommain, "Randomize Settings", "Settings4"),
+      Form33(*this, frmcustom, "Custom Randomize Settings", {}),
       Frmsoundindent(*this) {}
 
 Application::~Application() = default;
@@ -47,6 +50,9 @@ std::array<RandomBank*, 4> Application::randomBanks() {
 }
 
 RandomBank* Application::randomBank(int number) {
+    if (number == kCustomRandomBankNumber) {
+        return &frmcustom;
+    }
     if (number < 1 || number > 4) {
         return nullptr;
     }
@@ -57,8 +63,8 @@ std::vector<MixGroupFollower*> Application::groupFollowers() {
     // The console's order: frmback, frmback2, frmremote2, frmrandommain, frmbackcustom,
     // frmcustom, frmrandommain2, frmrandommain3, frmrandommain4. Panels not yet in the
     // program join at their place.
-    return {&frmback,        &frmback2,       &frmrandommain, &frmbackcustom,
-            &frmrandommain2, &frmrandommain3, &frmrandommain4};
+    return {&frmback,   &frmback2,       &frmrandommain,  &frmbackcustom,
+            &frmcustom, &frmrandommain2, &frmrandommain3, &frmrandommain4};
 }
 
 std::array<BackgroundBank*, 3> Application::backgroundBanks() {
@@ -72,6 +78,7 @@ void Application::hideBanks() {
     for (RandomBank* bank : randomBanks()) {
         bank->window.hide();
     }
+    frmcustom.window.hide();
 }
 
 void Application::placeLike(const PanelWindow& target, const PanelWindow& reference) {
@@ -87,6 +94,8 @@ void Application::unloadPanels() {
     // Frmcolorpicker, and the remaining panels. Each bank writes its session copy as it
     // unloads.
     frmmain.unload();
+    Form3.unload();
+    Form33.unload();
     frmback.unload();
     frmback2.unload();
     frmbackcustom.unload();
@@ -94,6 +103,7 @@ void Application::unloadPanels() {
     frmrandommain2.unload();
     frmrandommain3.unload();
     frmrandommain4.unload();
+    frmcustom.unload();
     Frmsoundindent.unload();
     STARTUP.unload();
 }

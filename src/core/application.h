@@ -20,6 +20,7 @@
 #include "banks/background/background_bank.h"
 #include "banks/random/identify_panel.h"
 #include "banks/random/random_bank.h"
+#include "banks/random/randomize_settings.h"
 #include "core/frmmain.h"
 #include "core/mix_group.h"
 #include "core/platform.h"
@@ -62,6 +63,10 @@ class Application {
     // The sound selection panel's hand-over to the custom banks: the files chosen, in
     // order, the rest empty.
     std::array<std::string, 28> handOverFiles{};
+    // The colour scheme's button face and highlight, which the panels paint from; the
+    // built-in scheme's until another is applied.
+    Colour SchemeButtonColour = 33023;
+    Colour SchemeHighlightColour = 16744576;
 
     // The panels. Constructors only wire handlers; each panel's load does its work.
     StartupSplash STARTUP;
@@ -73,6 +78,10 @@ class Application {
     RandomBank frmrandommain2;
     RandomBank frmrandommain3;
     RandomBank frmrandommain4;
+    RandomBank frmcustom;
+    // Randomize settings: Form3 for the four fixed banks, Form33 for frmcustom.
+    RandomizeSettings Form3;
+    RandomizeSettings Form33;
     IdentifyPanel Frmsoundindent;
 
     // The program's first act: the splash, whose timer starts the load.
@@ -86,7 +95,8 @@ class Application {
 
     // frmrandommain to frmrandommain4, bank 1 first.
     std::array<RandomBank*, 4> randomBanks();
-    // Bank `number`, 1 to 4; nullptr for any other number.
+    // Bank `number`, 1 to 4, or frmcustom for 5 (CurrentRandomBank's values); nullptr
+    // for any other number.
     RandomBank* randomBank(int number);
 
     // frmback, frmback2, frmbackcustom.

@@ -90,6 +90,9 @@ void Frmmain::load() {
     for (RandomBank* bank : app_.randomBanks()) {
         bank->load();
     }
+    app_.frmcustom.load();
+    app_.Form3.load();
+    app_.Form33.load();
     app_.Frmsoundindent.load();
 
     // 12. mainb.tmp: group sliders (Master stays low for the intro fade and its saved
@@ -164,7 +167,7 @@ void Frmmain::groupChanged(MixGroup which) {
 }
 
 void Frmmain::showRandomBank() {
-    // 5 stands for the custom random bank.
+    // 1 to 4 are the fixed banks, 5 the custom bank.
     if (RandomBank* bank = app_.randomBank(app_.CurrentRandomBank)) {
         bank->show();
     }
@@ -174,7 +177,11 @@ void Frmmain::masterStop() {
     // Every slider of every slot goes to zero, Volume and Frequency alike: the latest
     // plays fall silent through their Volume handlers and nothing fires again, not
     // even the slots that take their firing level from a group slider. The custom
-    // random bank's sliders go first, once it exists.
+    // random bank's sliders go first.
+    for (int s = 1; s <= kRandomSlots; ++s) {
+        app_.frmcustom.slot(s).volume.setValue(0);
+        app_.frmcustom.slot(s).frequency.setValue(0);
+    }
     for (RandomBank* bank : app_.randomBanks()) {
         for (int s = 1; s <= kRandomSlots; ++s) {
             bank->slot(s).volume.setValue(0);

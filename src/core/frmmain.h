@@ -65,7 +65,8 @@ class Frmmain {
     void quitWithoutAsking();
     // Master Stop.
     void masterStop();
-    // The "Random" button: shows frmrandommain to frmrandommain4 by CurrentRandomBank.
+    // The "Random" button: shows frmrandommain to frmrandommain4, or frmcustom, by
+    // CurrentRandomBank.
     void showRandomBank();
 
     void unload();

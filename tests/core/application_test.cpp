@@ -195,8 +195,9 @@ TEST(GroupSliders, MasterRecomputesThePlayingChannelsOfEveryBankButSlotOne) {
         }
         EXPECT_TRUE(sawSlot7) << bank->config().heading;
     }
-    // 27 slots of 4 banks and the 17 of each background bank, each once.
-    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), 4u * 27u + 3u * 17u);
+    // 27 slots of 4 banks, all 28 of the custom random bank and the 17 of each
+    // background bank, each once.
+    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), 4u * 27u + 28u + 3u * 17u);
 }
 
 TEST(RandomButton, ShowsTheBankLastShown) {

@@ -18,7 +18,8 @@ IdentifyPanel::IdentifyPanel(Application& app) : Timer1(app.loop, kRefreshMs), a
         button.setCaption("Bank " + std::to_string(b));
         button.onClick = [this, b] { showBank(b); };
     }
-    // The "Custom" button joins these with the custom random bank.
+    customButton.setCaption("Custom");
+    customButton.onClick = [this] { showBank(kCustomRandomBankNumber); };
 
     Timer1.onTick = [this] { refresh(); };
 }

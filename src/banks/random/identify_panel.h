@@ -34,8 +34,10 @@ class IdentifyPanel {
     ListBox location;
     // "Clear List": empties both lists and puts "Waiting..." back in each.
     CommandButton clearList;
-    // "Bank 1" to "Bank 4": hide every bank and the console, show that bank.
+    // "Bank 1" to "Bank 4" and "Custom": hide every bank and the console, show that
+    // bank.
     std::array<CommandButton, 4> bankButtons;
+    CommandButton customButton;
 
     Timer Timer1;
 

@@ -81,6 +81,12 @@ RandomBankConfig common(int number, int fileBase, const Names& names) {
     c.locationColumn1 = "Bank " + std::to_string(number) + " - column 1";
     c.locationColumn2 = "Bank " + std::to_string(number) + " - column 2";
     c.drawOrder = DrawOrder::PickThenRoll;
+    // The pass after a maxvol or Master change has always begun at slot 2.
+    c.volumePassFirstSlot = 2;
+
+    c.sessionFile = number == 1 ? "rand.ini" : "rand" + std::to_string(number) + ".ini";
+    c.bankFolder = "config/main/random bank " + std::to_string(number);
+    c.bankFilter = "Random Config Files (*.rcf)|*.rcf";
 
     c.fireLevel[23] = {FireLevelSource::Mp3Group, 0};
     c.fireLevel[24] = {FireLevelSource::BackgroundGroup, 0};
@@ -96,10 +102,38 @@ RandomBankConfig common(int number, int fileBase, const Names& names) {
     return c;
 }
 
+// The custom bank: the same machine with the user's files, its own constants and none
+// of the fixed banks' slot oddities.
+RandomBankConfig custom() {
+    RandomBankConfig c;
+    c.number = kCustomRandomBankNumber;
+    c.heading = "CUSTOM";
+    c.names.fill(kRandomNotSetCaption);
+    c.locationColumn1 = "Custom - column 1";
+    c.locationColumn2 = "Custom - column 2";
+    // A third more firings than a fixed bank at the same setting, and no dead stretch:
+    // a Frequency of 1 fires, rarely.
+    c.drawOrder = DrawOrder::PickThenRollWhenPicked;
+    c.pick = {42, 0};
+    c.roll = {255, 0};
+    c.pan = {255, 0};
+    c.loopOffOnPlay = true;
+    c.previewLoadsMissingSample = false;
+    // Every slot reads its own sliders here, slot 1 included in the volume pass.
+    c.volumePassFirstSlot = 1;
+    c.sessionFile = "randc.ini";
+    c.bankFolder = "config/main/custom random";
+    c.bankFilter = "Custom Random Config Files (*.crf)|*.crf";
+    c.userFiles = true;
+    return c;
+}
+
 }  // namespace
 
 RandomBankConfig randomBankConfig(int number) {
     switch (number) {
+        case kCustomRandomBankNumber:
+            return custom();
         case 2:
         case 3:
         case 4: {
@@ -111,6 +145,9 @@ RandomBankConfig randomBankConfig(int number) {
             c.previewRepanSlot = 2;
             c.previewRepanTarget = 1;
             c.previewRepanValue = 122;
+            c.loadFailedText =
+                number == 2 ? "The file could not be opened correctly."
+                            : "The file could not be opened correctly -" + std::to_string(number);
             if (number == 3) {
                 c.previewReloadSlot = 12;
             }
@@ -123,6 +160,7 @@ RandomBankConfig randomBankConfig(int number) {
         default: {
             RandomBankConfig c = common(1, 100, kBank1Names);
             c.drawOrder = DrawOrder::RollThenPick;
+            c.loadFailedText = "The file could not be opened correctly - 1.";
             return c;
         }
     }
