@@ -12,9 +12,10 @@ using RenderCallback = void (*)(void* user, float* out, int frames);
 
 // One output device at a time, stereo float at the mix rate.
 //
-// Thread: the open/close/alive members are called by one thread at a time (the
-// interface thread, then the device watcher); the callback runs on a thread of the
-// backend's own, and close() returns only once the callback can no longer run.
+// Thread: open, alive and close are called by one thread at a time (the interface
+// thread, then the device watcher); deviceCount and deviceName also from the interface
+// thread meanwhile. The callback runs on a thread of the backend's own, and close()
+// returns only once the callback can no longer run.
 class DeviceBackend {
   public:
     virtual ~DeviceBackend() = default;

@@ -1,6 +1,7 @@
 #include "engine/mixer.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstring>
 #include <numbers>
@@ -234,21 +235,31 @@ struct Gains {
     return produced;
 }
 
-// The same loop built for processors with AVX2, which take eight frames in one register.
-[[gnu::target("avx2")]] int resampleWide(Playhead& h, const Gains& g, float* left, float* right) {
-    return resampleBody(h, g, left, right);
-}
-
 int resampleNarrow(Playhead& h, const Gains& g, float* left, float* right) {
     return resampleBody(h, g, left, right);
 }
 
 std::atomic<bool> wideLoopAllowed{true};
 
+#if defined(__x86_64__)
+// The same loop built for processors with AVX2, which take eight frames in one register.
+[[gnu::target("avx2")]] int resampleWide(Playhead& h, const Gains& g, float* left, float* right) {
+    return resampleBody(h, g, left, right);
+}
+
 bool useWideLoop() {
     static const bool hasAvx2 = __builtin_cpu_supports("avx2");
     return hasAvx2 && wideLoopAllowed.load(std::memory_order_relaxed);
 }
+#else
+int resampleWide(Playhead& h, const Gains& g, float* left, float* right) {
+    return resampleBody(h, g, left, right);
+}
+
+bool useWideLoop() {
+    return false;
+}
+#endif
 
 }  // namespace
 
