@@ -37,7 +37,7 @@ test-tsan: setup
 	  -DBREVANE_SANITIZE=thread -DBREVANE_BUILD_UI=OFF -DBREVANE_BUILD_BENCH=OFF \
 	  -DBREVANE_GENERATE_SOUNDS=OFF $(CMAKE_FLAGS)
 	cmake --build $(TSAN_BUILD)
-	cd $(TSAN_BUILD) && SDL_AUDIODRIVER=dummy ctest --output-on-failure --timeout 900 -R 'engine|base'
+	cd $(TSAN_BUILD) && SDL_AUDIODRIVER=dummy ctest --output-on-failure --timeout 900 -R '^(engine|base)'
 
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; $$b; done

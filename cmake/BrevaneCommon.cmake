@@ -51,7 +51,7 @@ function(brevane_gtest)
   brevane_warnings(${T_NAME})
   target_link_libraries(${T_NAME} PRIVATE ${T_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
   target_compile_definitions(${T_NAME} PRIVATE BREVANE_TREE_DIR="${BREVANE_TREE_DIR}")
-  gtest_discover_tests(${T_NAME} DISCOVERY_TIMEOUT 120
+  gtest_discover_tests(${T_NAME} DISCOVERY_TIMEOUT 120 TEST_PREFIX "${T_NAME}."
     PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;SDL_AUDIODRIVER=dummy")
 endfunction()
 
