@@ -1,0 +1,37 @@
+#pragma once
+// What the console asks of the desktop beyond sound and windows: starting a
+// companion program beside this one, and opening a document with the handler the
+// user's desktop has for it.
+//
+// The program passes the toolkit's implementations; a test passes doubles that record
+// what was asked. A host that passes neither gets the unavailable ones, which refuse
+// every request (the console then behaves as when a companion program is missing).
+//
+// Thread: called on the event thread only. Neither call waits for the started program
+// or the opened document.
+
+#include <filesystem>
+
+namespace brevane {
+
+class ProgramLauncher {
+  public:
+    virtual ~ProgramLauncher() = default;
+    // Starts `program` on its own, in its folder, without arguments, and does not wait
+    // for it. False when it could not be started (missing, not executable).
+    virtual bool startProgram(const std::filesystem::path& program) = 0;
+};
+
+class DesktopServices {
+  public:
+    virtual ~DesktopServices() = default;
+    // Opens `document` with the desktop's handler for its kind. False when no handler
+    // took it.
+    virtual bool openDocument(const std::filesystem::path& document) = 0;
+};
+
+// Shared instances that refuse every request; stateless, so safe to share.
+ProgramLauncher& unavailableProgramLauncher();
+DesktopServices& unavailableDesktopServices();
+
+}  // namespace brevane
