@@ -381,8 +381,8 @@ Buffer gait(Rng& r, double seconds, double stride, std::span<const Footfall> bea
     Buffer out;
     for (double s = 0.0; s < seconds; s += stride * r.uniform(0.97, 1.03)) {
         for (const auto& f : beats) {
-            place(out, s + f.at * r.uniform(0.92, 1.08), hoofStrike(r, hard * r.uniform(0.85, 1.1)),
-                  f.gain * r.uniform(0.8, 1.0));
+            place(out, s + f.at + r.uniform(-0.006, 0.006),
+                  hoofStrike(r, hard * r.uniform(0.85, 1.1)), f.gain * r.uniform(0.8, 1.0));
         }
         if (breathing) {
             Buffer puff = noiseBurst(r, 0.03, r.uniform(0.12, 0.2));

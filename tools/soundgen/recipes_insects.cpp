@@ -353,12 +353,12 @@ Buffer creekHopper(Take& t) {
     double at = 0.0;
     for (int burst = 0; burst < 3; ++burst) {
         const double len = t.rng.uniform(0.4, 0.8);
-        const double rate = t.rng.uniform(45, 70);
-        for (double s = 0.0; s < len; s += (1.0 / rate) * t.rng.uniform(0.8, 1.2)) {
+        const double rate = t.rng.uniform(30, 45);
+        for (double s = 0.0; s < len; s += (1.0 / rate) * t.rng.uniform(0.7, 1.3)) {
             place(out, at + s,
-                  bandBurst(t.rng, 0.0001, t.rng.uniform(0.002, 0.005), t.rng.uniform(3000, 7000),
-                            1.2),
-                  t.rng.uniform(0.6, 1.0));
+                  bandBurst(t.rng, 0.0001, t.rng.uniform(0.0015, 0.004), t.rng.uniform(3000, 7000),
+                            2.0),
+                  t.rng.uniform(0.4, 1.0));
         }
         Buzz w;
         w.seconds = len;

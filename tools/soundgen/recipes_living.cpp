@@ -180,7 +180,7 @@ Buffer pineForest(Take& t) {
                   {{[](Rng& r) { return coalTitSong(r); }, 4.0, 9.0, 0.6, 0.95},
                    {[](Rng& r) { return goldcrestSong(r); }, 6.0, 12.0, 0.65, 0.95, 0.6},
                    {[](Rng& r) { return chaffinchSong(r); }, 9.0, 16.0, 0.45, 0.7},
-                   {[](Rng& r) { return woodpeckerDrum(r); }, 14.0, 24.0, 0.35, 0.6},
+                   {[](Rng& r) { return woodpeckerDrum(r); }, 14.0, 24.0, 0.35, 0.6, 0.6},
                    {[](Rng& r) { return crowCaw(r, 2 + r.below(3)); }, 16.0, 26.0, 0.3, 0.5, 0.7}},
                   1.4, 0.3);
     Buffer mix(t.n, 0.0f);
@@ -202,7 +202,7 @@ Buffer woodlandBirds(Take& t) {
          {[](Rng& r) { return bluetitSong(r); }, 8.0, 14.0, 0.5, 0.85, 0.8},
          {[](Rng& r) { return doveCoo(r, 470, 1.0); }, 12.0, 20.0, 0.4, 0.6, 0.6},
          {[](Rng& r) { return cuckooCall(r, 3 + r.below(3)); }, 25.0, 35.0, 0.3, 0.45, 0.8},
-         {[](Rng& r) { return woodpeckerDrum(r); }, 18.0, 30.0, 0.3, 0.5}},
+         {[](Rng& r) { return woodpeckerDrum(r); }, 18.0, 30.0, 0.3, 0.5, 0.6}},
         1.2, 0.25);
     Buffer mix(t.n, 0.0f);
     addLayer(mix, std::move(bed), -9.0);

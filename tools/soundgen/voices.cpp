@@ -321,7 +321,7 @@ void distance(Buffer& b, const Curve& nearness, Edge edge) {
     Buffer hz(n);
     for (std::size_t i = 0; i < n; ++i) {
         const double k = std::clamp(static_cast<double>(near[i]), 0.0, 1.0);
-        hz[i] = static_cast<float>(900.0 * std::pow(20000.0 / 900.0, k));
+        hz[i] = static_cast<float>(500.0 * std::pow(20000.0 / 500.0, k));
         b[i] = static_cast<float>(b[i] * dbToGain(-30.0 * (1.0 - k)));
     }
     sweep(b, edge, hz, 0.6, Pass::Low);

@@ -122,8 +122,8 @@ std::vector<double> rhythm(Rng& rng, double from, double to, int perGroup, doubl
 void place(Buffer& out, double t, std::span<const float> event, double gain = 1.0);
 
 // Moves a sound through distance along `nearness` (0 far, 1 close, over the buffer's own
-// time): far away it is 30 dB lower and dark (a low-pass near 1 kHz), close it is full and
-// open.
+// time): far away it is 30 dB lower and dull (a low-pass near 500 Hz, opening an octave
+// for every tenth of nearness or so), close it is full and open.
 void distance(Buffer& b, const Curve& nearness, Edge edge);
 // A one-shot heard in a space: pads the sound with `t60` of silence and adds `wet` of a
 // room's tail. Far calls over water or in a wood.

@@ -1,0 +1,259 @@
+// The creatures as a listener would tell them apart: each animal's call in its own band and
+// at its own pitch, in its own rhythm, and the takes of one animal sharing its voice.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "analysis.h"
+#include "calls.h"
+#include "registry.h"
+#include "voice_probe.h"
+
+namespace brevane::soundgen {
+namespace {
+
+using probe::bandShareDb;
+using probe::peakHz;
+
+std::span<const float> stretch(const Buffer& b, double from, double to) {
+    const std::size_t a = std::min(b.size(), samples(from));
+    const std::size_t e = std::min(b.size(), samples(to));
+    return std::span<const float>(b).subspan(a, e - a);
+}
+
+double seconds(const Buffer& b) {
+    return static_cast<double>(b.size()) / kRate;
+}
+
+std::string bankOf(const std::string& file) {
+    const Recipe* r = findRecipe(file);
+    return r ? r->bank : std::string();
+}
+
+// A stock file as the generator makes it, as floats.
+Buffer stock(const std::string& file) {
+    const Recipe* r = findRecipe(file);
+    EXPECT_NE(r, nullptr) << file;
+    return r ? fromPcm16(renderFinished(*r)) : Buffer{};
+}
+
+TEST(Owls, HootLowAndTonalWhileTheBarnOwlScreechesHighAndHarsh) {
+    for (std::uint64_t seed = 1; seed <= 3; ++seed) {
+        Rng r(seed);
+        const Buffer tawny = calls::tawnyHoot(r, 2.0);
+        EXPECT_NEAR(peakHz(stretch(tawny, 0.1, 0.6), 100, 5000), 450, 60);
+        EXPECT_GT(probe::pitch(stretch(tawny, 0.2, 0.5), 300, 700).strength, 0.9);
+        const Buffer longEared = calls::longEaredHoot(r);
+        EXPECT_NEAR(peakHz(longEared, 100, 5000), 320, 40);
+        EXPECT_LT(spectralCentroid(longEared), 1000.0);
+
+        const Buffer screech = calls::barnOwlScreech(r, 1.5);
+        EXPECT_GT(spectralCentroid(screech), 2000.0);
+        EXPECT_LT(bandShareDb(screech, 20, 500), -30.0);
+        // Its power is spread over octaves, not held in a tone and its harmonics.
+        EXPECT_GT(bandShareDb(screech, 2800, 9000), -6.0);
+        EXPECT_LT(probe::pitch(stretch(screech, 0.3, 1.0), 1500, 2500).strength, 0.7);
+    }
+}
+
+TEST(Songbirds, EachSingsInItsOwnBandAndManner) {
+    Rng r(4);
+    // A dove coos low and soft.
+    const Buffer coo = calls::doveCoo(r, 470, 1.0);
+    EXPECT_NEAR(peakHz(coo, 100, 8000), 480, 50);
+    EXPECT_LT(spectralCentroid(coo), 1500.0);
+    // A gull cries in harmonics: its overtones are nearly as strong as its fundamental.
+    const Buffer cry = calls::gullCry(r, 850, 0.5);
+    const double f = peakHz(stretch(cry, 0.05, 0.2), 500, 1300);
+    EXPECT_GT(bandShareDb(cry, 1.5 * f, 5.0 * f), -6.0);
+    // A robin's warble is high and thin, a run of notes with gaps.
+    const Buffer robin = calls::robinPhrase(r);
+    EXPECT_GT(spectralCentroid(robin), 2500.0);
+    EXPECT_GE(probe::onsets(robin, 0.02, 30.0).size(), 5u);
+    // A skylark's run goes on and on: no quarter second of it falls silent.
+    const Buffer lark = calls::skylarkRun(r, 5.0);
+    const auto frames = frameRms(lark, samples(0.25));
+    const double top = *std::max_element(frames.begin(), frames.end());
+    for (std::size_t i = 0; i + 1 < frames.size(); ++i) {
+        EXPECT_GT(frames[i], top * dbToGain(-25.0)) << "silent at " << 0.25 * i << " s";
+    }
+    EXPECT_GT(spectralCentroid(lark), 2500.0);
+    // A blue tit's two thin high notes come before a lower trill.
+    const Buffer tit = calls::bluetitSong(r);
+    EXPECT_GT(peakHz(stretch(tit, 0.0, 0.1), 1000, 12000), 6000.0);
+    EXPECT_LT(peakHz(stretch(tit, seconds(tit) - 0.3, seconds(tit)), 1000, 12000), 5000.0);
+    // A chaffinch's trill falls from its first notes.
+    const Buffer finch = calls::chaffinchSong(r);
+    EXPECT_GT(peakHz(stretch(finch, 0.0, 0.2), 1000, 12000),
+              peakHz(stretch(finch, 0.6, 0.9), 1000, 12000));
+}
+
+TEST(Loons, WailRisingAFifthAndTremoloThrobbing) {
+    Rng r(5);
+    const Buffer wail = calls::loonWail(r);
+    const double start = peakHz(stretch(wail, 0.2, 0.6), 300, 3000);
+    const double held = peakHz(stretch(wail, 1.5, 1.9), 300, 3000);
+    EXPECT_NEAR(start, 600, 60);
+    EXPECT_NEAR(held / start, 1.5, 0.1);
+    const Buffer tremolo = calls::loonTremolo(r);
+    EXPECT_GE(probe::onsets(tremolo, 0.05, 30.0).size(), 10u);
+}
+
+TEST(Insects, CricketChirpsAreTonePulsesAtTheirCarrier) {
+    Rng r(6);
+    const calls::Cricket c{4500.0, 4, 30.0, 0.02, 0.04};
+    const Buffer chirp = calls::cricketChirp(r, c);
+    EXPECT_EQ(probe::onsets(chirp, 0.015, 30.0).size(), 4u);
+    EXPECT_NEAR(peakHz(chirp, 1000, 15000), 4450, 150);
+    EXPECT_NEAR(seconds(chirp), 3.0 / 30.0 + 0.02, 0.01);
+}
+
+TEST(Insects, CicadasRingInTheirBodyBandAndThrobWhenTheyPulse) {
+    Rng r(7);
+    calls::Cicada c;
+    c.seconds = 2.0;
+    c.carrier = 5000.0;
+    c.pulseHz = 8.0;
+    c.pulseDepth = 1.0;
+    const Buffer song = calls::cicadaSong(r, c, Edge::Linear, nullptr, nullptr);
+    EXPECT_GT(bandShareDb(song, 3500, 8000), -3.0);
+    EXPECT_LT(bandShareDb(song, 20, 1500), -30.0);
+    const double crest = probe::rmsBetween(song, 1.0 - 0.01, 1.0 + 0.01);
+    const double trough = probe::rmsBetween(song, 1.0625 - 0.01, 1.0625 + 0.01);
+    EXPECT_GT(gainToDb(crest / trough), 12.0);
+    // A gliding body carries the song's ring up with it.
+    c.pulseHz = 0.0;
+    c.glide = glide(2.0, 0.8, 1.2);
+    const Buffer rising = calls::cicadaSong(r, c, Edge::Linear, nullptr, nullptr);
+    EXPECT_GT(peakHz(stretch(rising, 1.7, 2.0), 2000, 9000),
+              1.3 * peakHz(stretch(rising, 0.0, 0.3), 2000, 9000));
+}
+
+TEST(Insects, AFlightIsLoudestBrightestAndHighestAsItComesClose) {
+    Rng r(8);
+    calls::Flight f;
+    f.seconds = 3.0;
+    f.wingHz = 200.0;
+    f.wobble = 0.0;
+    f.nearness = {{0.0, 0.3}, {1.5, 1.0}, {3.0, 0.0}};
+    const Buffer b = calls::flight(r, f);
+    const double close = probe::rmsBetween(b, 1.4, 1.6);
+    EXPECT_GT(close, 4.0 * probe::rmsBetween(b, 0.1, 0.3));
+    EXPECT_GT(close, 10.0 * probe::rmsBetween(b, 2.6, 2.8));
+    // Brightness: the share of its power above 2 kHz.
+    EXPECT_GT(bandShareDb(stretch(b, 1.4, 1.6), 2000, 20000),
+              bandShareDb(stretch(b, 2.4, 2.7), 2000, 20000) + 10.0);
+    // Coming, its wingbeat sounds higher than going (Doppler).
+    const double coming = probe::pitch(stretch(b, 0.7, 1.0), 150, 260).hz;
+    const double going = probe::pitch(stretch(b, 2.0, 2.3), 150, 260).hz;
+    EXPECT_GT(coming, going * 1.04);
+}
+
+TEST(FarmAnimals, SpeakAtTheirOwnPitch) {
+    Rng r(9);
+    const Buffer moo = calls::cowMoo(r, 120, 1.5, 0.0);
+    EXPECT_NEAR(probe::pitch(stretch(moo, 0.6, 1.0), 80, 200).hz, 125, 15);
+    EXPECT_LT(spectralCentroid(moo), 1500.0);
+    const Buffer meow = calls::catMeow(r, 560, 0.8, false);
+    EXPECT_NEAR(probe::pitch(stretch(meow, 0.25, 0.4), 400, 900).hz, 680, 90);
+    const Buffer honk = calls::gooseHonk(r, 360);
+    EXPECT_NEAR(probe::pitch(stretch(honk, 0.05, 0.15), 250, 500).hz, 370, 50);
+    // A big dog barks deep and a small one high; both are over in a fifth of a second.
+    const Buffer big = calls::dogBark(r, 1.0), small = calls::dogBark(r, 0.0);
+    EXPECT_LT(seconds(big), 0.25);
+    EXPECT_LT(seconds(small), 0.25);
+    EXPECT_LT(probe::pitch(stretch(big, 0.0, 0.1), 150, 900).hz,
+              0.6 * probe::pitch(stretch(small, 0.0, 0.08), 150, 900).hz);
+    // A goat's bleat shakes harder than a sheep's.
+    const auto shake = [](const Buffer& b) {
+        auto levels = frameRms(stretch(b, 0.2, 0.7), samples(0.01));
+        for (auto& v : levels) {
+            v = gainToDb(v);
+        }
+        return percentile(levels, 90) - percentile(levels, 10);
+    };
+    const Buffer goat = calls::bleat(r, 380, 1.0, 0.9, 0.6, 0.3);
+    const Buffer sheep = calls::bleat(r, 240, 1.0, 0.2, 0.3, 0.8);
+    EXPECT_GT(shake(goat), shake(sheep) + 3.0);
+}
+
+TEST(Horses, TrotFallsInEvenBeatsAndCanterInThrees) {
+    // Footfalls closer than 60 ms (a trot's diagonal pair) count as one.
+    const Buffer trot = stock("bin/168.raz");
+    const auto beats = probe::onsets(stretch(trot, 0.0, 6.0), 0.06, 20.0);
+    ASSERT_GE(beats.size(), 12u);
+    for (std::size_t i = 1; i < beats.size(); ++i) {
+        EXPECT_NEAR(beats[i] - beats[i - 1], 0.33, 0.08) << "trot beat " << i;
+    }
+    // Canter: two short gaps then the long one of the moment in the air. Judged where the
+    // horse passes close, with the tack's jingle far under the hooves.
+    const Buffer canter = stock("bin/171.raz");
+    const auto falls = probe::onsets(stretch(canter, 1.6, 4.9), 0.06, 20.0);
+    ASSERT_GE(falls.size(), 9u);
+    int shortGaps = 0, longGaps = 0, longInARow = 0;
+    bool lastLong = false;
+    for (std::size_t i = 1; i < falls.size(); ++i) {
+        const double gap = falls[i] - falls[i - 1];
+        const bool isLong = gap > 0.25;
+        (isLong ? longGaps : shortGaps) += 1;
+        longInARow += isLong && lastLong;
+        lastLong = isLong;
+        EXPECT_TRUE(gap < 0.16 || (gap > 0.28 && gap < 0.5)) << "canter gap " << gap;
+    }
+    EXPECT_NEAR(static_cast<double>(shortGaps) / std::max(1, longGaps), 2.0, 0.7);
+    EXPECT_EQ(longInARow, 0);
+}
+
+TEST(Horses, CanterPassesBrightestAndLoudestWhereItIsClosest) {
+    const Buffer b = stock("bin/171.raz");
+    const double total = seconds(b);
+    const double middle = probe::rmsBetween(b, 0.4 * total, 0.6 * total);
+    EXPECT_GT(middle, 4.0 * probe::rmsBetween(b, 0.0, 0.15 * total));
+    EXPECT_GT(middle, 10.0 * probe::rmsBetween(b, 0.85 * total, total));
+    EXPECT_GT(bandShareDb(stretch(b, 0.4 * total, 0.6 * total), 2000, 20000),
+              bandShareDb(stretch(b, 0.85 * total, total), 2000, 20000) + 10.0);
+}
+
+// The takes of one animal share its voice: their spectra correlate closely, closer than the
+// spectrum of another animal of the same bank does (the gates see to it that their
+// envelopes differ).
+TEST(Variants, TakesOfOneAnimalShareItsVoice) {
+    const std::vector<std::vector<std::string>> families{
+        {"bin/101.raz", "bin/102.raz"},
+        {"bin/107.raz", "bin/108.raz", "bin/109.raz"},
+        {"bin/117.raz", "bin/118.raz", "bin/124.raz"},
+        {"bin/53.raz", "bin/54.raz", "bin/55.raz", "bin/56.raz"},
+        {"bin/75.raz", "bin/76.raz"},
+        {"bin/151.raz", "bin/152.raz", "bin/153.raz"},
+        {"bin/164.raz", "bin/165.raz", "bin/166.raz"},
+        {"bin/169.raz", "bin/170.raz"},
+    };
+    std::vector<std::vector<std::vector<double>>> spectra;
+    for (const auto& family : families) {
+        spectra.emplace_back();
+        for (const auto& file : family) {
+            spectra.back().push_back(bandLevelsDb(stock(file)));
+        }
+    }
+    for (std::size_t f = 0; f < families.size(); ++f) {
+        double within = 1.0;
+        for (std::size_t i = 0; i < spectra[f].size(); ++i) {
+            for (std::size_t j = i + 1; j < spectra[f].size(); ++j) {
+                within = std::min(within, pearson(spectra[f][i], spectra[f][j]));
+            }
+        }
+        EXPECT_GT(within, 0.85) << families[f][0] << " and its other takes";
+        for (std::size_t g = 0; g < families.size(); ++g) {
+            if (g != f && bankOf(families[g][0]) == bankOf(families[f][0])) {
+                EXPECT_LT(pearson(spectra[f][0], spectra[g][0]), within)
+                    << families[f][0] << " is closer to " << families[g][0]
+                    << " than to its own takes";
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace brevane::soundgen
