@@ -72,15 +72,6 @@ TEST_F(IdentifyPanelTest, ClearListLeavesWaitingUntilTheNextFiring) {
     EXPECT_EQ(app->frmmain.latestSoundName.text(), "Cow moo 3");
 }
 
-TEST_F(IdentifyPanelTest, Slot24sLocationGoesOnTopSoTheListsDriftApart) {
-    app->frmrandommain4.fire(24);
-    h.loop.advance(IdentifyPanel::kRefreshMs);
-    EXPECT_EQ(app->frmmain.latestSoundName.text(), "Small wave 2");
-    // The location of the firing went to the top; the console shows the old last row.
-    EXPECT_EQ(panel().location.item(0), "Bank 4 - column 2");
-    EXPECT_EQ(app->frmmain.latestSoundLocation.text(), "Waiting...");
-}
-
 TEST_F(IdentifyPanelTest, BankButtonsHideTheConsoleAndBanksAndShowTheChosenBank) {
     app->frmrandommain.show();
     app->frmrandommain2.show();
