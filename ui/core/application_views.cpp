@@ -1,6 +1,7 @@
 #include "ui/core/application_views.h"
 
 #include "core/application.h"
+#include "ui/banks/random/form3_view.h"
 #include "ui/banks/random/identify_view.h"
 #include "ui/banks/random/random_bank_view.h"
 #include "ui/core/main_window.h"
@@ -15,6 +16,9 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     for (RandomBank* bank : app.randomBanks()) {
         add(bank->window, std::make_unique<RandomBankView>(*bank));
     }
+    add(app.frmcustom.window, std::make_unique<RandomBankView>(app.frmcustom));
+    add(app.Form3.window, std::make_unique<RandomizeSettingsView>(app.Form3));
+    add(app.Form33.window, std::make_unique<RandomizeSettingsView>(app.Form33));
     add(app.Frmsoundindent.window, std::make_unique<IdentifyView>(app.Frmsoundindent));
 
     app.placeWindow = [this](const PanelWindow& target, const PanelWindow& reference) {

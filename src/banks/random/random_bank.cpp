@@ -363,7 +363,7 @@ std::vector<RandomBank*> RandomBank::autoBanks() {
 void RandomBank::autoClicked() {
     const std::vector<RandomBank*> banks = autoBanks();
     // The button's colour, not its checked state, says whether the repeat is on.
-    if (autoButton.backColour() == app_.SchemeButtonColour) {
+    if (!autoOn()) {
         const int interval = settingsPanel().autoIntervalMs();
         for (RandomBank* bank : banks) {
             bank->timerautorandom.setEnabled(true);
@@ -383,6 +383,10 @@ void RandomBank::autoClicked() {
             bank->setAutoChecked(autoButton.value());
         }
     }
+}
+
+bool RandomBank::autoOn() const {
+    return autoButton.backColour() != app_.SchemeButtonColour;
 }
 
 void RandomBank::setAutoChecked(bool checked) {

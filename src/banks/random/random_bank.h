@@ -183,6 +183,9 @@ class RandomBank : public MixGroupFollower {
     // Sets the Auto button's checked state without running its command, as the mirror
     // between the fixed banks and the session's restore do.
     void setAutoChecked(bool checked);
+    // Whether the automatic Randomize is on, as the Auto button's colour says: any
+    // colour but the scheme's button colour.
+    bool autoOn() const;
 
     // The bank file. doload reads every field before it moves a slider; a file that
     // cannot be read changes nothing and shows the bank's message (the custom bank

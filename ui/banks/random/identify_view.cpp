@@ -47,6 +47,9 @@ IdentifyView::IdentifyView(IdentifyPanel& panel, QWidget* parent) : QWidget(pare
         bindWidget(control, *b);
         buttons->addWidget(b);
     }
+    auto* custom = new QPushButton(this);
+    bindWidget(panel.customButton, *custom);
+    buttons->addWidget(custom);
     buttons->addStretch(1);
     auto* clear = new QPushButton(this);
     bindWidget(panel.clearList, *clear);

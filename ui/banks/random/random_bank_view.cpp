@@ -1,6 +1,7 @@
 #include "ui/banks/random/random_bank_view.h"
 
 #include <algorithm>
+#include <array>
 
 #include <QFontMetrics>
 #include <QFrame>
@@ -8,6 +9,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 #include <QSlider>
 #include <QVBoxLayout>
@@ -38,16 +40,19 @@ QSlider* rowSlider(Slider& control, const QString& name, QWidget* parent) {
     return slider;
 }
 
-// One column of 14 slots: "Sound", "Volume", "Frequency" over the rows.
+// One column of 14 slots: "Sound", "Volume", "Frequency" over the rows. The custom
+// bank's rows also have a file chooser beside the name, and a right click on the name
+// renames the row.
 QWidget* slotColumn(RandomBank& bank, int firstSlot, QWidget* parent) {
     auto* column = new QWidget(parent);
     auto* grid = new QGridLayout(column);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(style::kSectionGap);
     grid->setVerticalSpacing(2);
+    const int volumeColumn = bank.custom() ? 2 : 1;
     grid->addWidget(columnHeading(QStringLiteral("Sound"), column), 0, 0);
-    grid->addWidget(columnHeading(QStringLiteral("Volume"), column), 0, 1);
-    grid->addWidget(columnHeading(QStringLiteral("Frequency"), column), 0, 2);
+    grid->addWidget(columnHeading(QStringLiteral("Volume"), column), 0, volumeColumn);
+    grid->addWidget(columnHeading(QStringLiteral("Frequency"), column), 0, volumeColumn + 1);
 
     for (int row = 1; row <= kRandomRowsPerColumn; ++row) {
         const int s = firstSlot + row - 1;
@@ -60,15 +65,132 @@ QWidget* slotColumn(RandomBank& bank, int firstSlot, QWidget* parent) {
         name->setMinimumWidth(
             name->fontMetrics().horizontalAdvance(QStringLiteral("Horse canter past 2")) + 16);
         bindWidget(slot.name, *name);
-        const QString label = name->text();
+        // The custom bank's captions change and repeat ("Not Set"): its rows go by number.
+        const QString label = bank.custom() ? QStringLiteral("Slot %1").arg(s) : name->text();
         grid->addWidget(name, row, 0);
-        grid->addWidget(rowSlider(slot.volume, label + QStringLiteral(" volume"), column), row, 1);
+        if (bank.custom()) {
+            name->setAccessibleName(label);
+            name->setContextMenuPolicy(Qt::CustomContextMenu);
+            QObject::connect(name, &QWidget::customContextMenuRequested, name,
+                             [&bank, s] { bank.renameSlot(s); });
+            auto* chooser = new QPushButton(column);
+            chooser->setFixedWidth(chooser->fontMetrics().horizontalAdvance(QStringLiteral("...")) +
+                                   16);
+            chooser->setAccessibleName(label + QStringLiteral(" file"));
+            chooser->setToolTip(QStringLiteral("Choose this slot's sound file"));
+            bindWidget(slot.chooser, *chooser);
+            grid->addWidget(chooser, row, 1);
+        }
+        grid->addWidget(rowSlider(slot.volume, label + QStringLiteral(" volume"), column), row,
+                        volumeColumn);
         grid->addWidget(rowSlider(slot.frequency, label + QStringLiteral(" frequency"), column),
-                        row, 2);
+                        row, volumeColumn + 1);
     }
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(2, 1);
+    grid->setColumnStretch(volumeColumn, 1);
+    grid->setColumnStretch(volumeColumn + 1, 1);
     return column;
+}
+
+QPushButton* button(CommandButton& control, QWidget* parent, const QString& name = {}) {
+    auto* b = new QPushButton(parent);
+    if (!name.isEmpty()) {
+        b->setAccessibleName(name);
+    }
+    bindWidget(control, *b);
+    return b;
+}
+
+// A column's bulk buttons side by side under its name.
+template <std::size_t N>
+QGroupBox* bulkButtons(std::array<CommandButton, N>& buttons, const QString& column,
+                       QWidget* parent) {
+    auto* box = new QGroupBox(column, parent);
+    auto* row = new QHBoxLayout(box);
+    style::applySpacing(*row);
+    row->setSpacing(2);
+    for (std::size_t b = 0; b < N; ++b) {
+        QPushButton* w =
+            button(buttons[b], box, column + QStringLiteral(" bulk ") + QString::number(b + 1));
+        w->setFixedWidth(w->fontMetrics().horizontalAdvance(QStringLiteral("Max")) + 18);
+        row->addWidget(w);
+    }
+    return box;
+}
+
+// Auto's state is its colour. Until the colour schemes paint every button, the
+// scheme's button colour (off) shows as the program's own button look, so that only
+// the highlight (on) stands out.
+void showAutoState(RandomBank& bank, QPushButton& widget) {
+    const auto show = [&bank, &widget] {
+        if (!bank.autoOn()) {
+            widget.setPalette(QPalette());
+            widget.setAutoFillBackground(false);
+        }
+    };
+    const Control::WatchId id = bank.autoButton.watch(show);
+    QObject::connect(&widget, &QObject::destroyed, [&bank, id] { bank.autoButton.unwatch(id); });
+    show();
+}
+
+// The commands of the bank: the bulk buttons, "All", Randomize and its repeat, the
+// bank file and, on the custom bank, "Reset All".
+QHBoxLayout* commandRow(RandomBank& bank, QWidget* parent) {
+    auto* row = new QHBoxLayout();
+    row->setSpacing(style::kSectionGap);
+    row->addWidget(bulkButtons(bank.volumeButtons, QStringLiteral("Volume"), parent));
+    QGroupBox* frequency = bulkButtons(bank.frequencyButtons, QStringLiteral("Frequency"), parent);
+    auto* all = new QPushButton(frequency);
+    all->setAccessibleName(QStringLiteral("All"));
+    bindWidget(bank.allButton, *all);
+    frequency->layout()->addWidget(all);
+    row->addWidget(frequency);
+
+    auto* randomize = new QGroupBox(QStringLiteral("Randomize"), parent);
+    auto* randomizeRow = new QHBoxLayout(randomize);
+    style::applySpacing(*randomizeRow);
+    randomizeRow->setSpacing(2);
+    randomizeRow->addWidget(button(bank.randomizeButton, randomize));
+    auto* autoButton = new QPushButton(randomize);
+    bindWidget(bank.autoButton, *autoButton);
+    showAutoState(bank, *autoButton);
+    randomizeRow->addWidget(autoButton);
+    QPushButton* settings =
+        button(bank.settingsButton, randomize, QStringLiteral("Randomize settings"));
+    settings->setFixedWidth(settings->fontMetrics().horizontalAdvance(QStringLiteral("...")) + 18);
+    randomizeRow->addWidget(settings);
+    row->addWidget(randomize);
+
+    auto* file = new QGroupBox(QStringLiteral("Bank"), parent);
+    auto* fileRow = new QHBoxLayout(file);
+    style::applySpacing(*fileRow);
+    fileRow->setSpacing(2);
+    fileRow->addWidget(button(bank.loadButton, file));
+    fileRow->addWidget(button(bank.saveButton, file));
+    if (bank.custom()) {
+        fileRow->addWidget(button(bank.resetAllButton, file));
+    }
+    row->addWidget(file);
+    row->addStretch(1);
+    return row;
+}
+
+// The way to the other panels, each taking this window's place.
+QHBoxLayout* navigationRow(RandomBank& bank, QWidget* parent) {
+    auto* row = new QHBoxLayout();
+    row->setSpacing(style::kSpacing);
+    for (CommandButton* control :
+         {&bank.back2Button, &bank.customBackgroundButton, &bank.randomButton}) {
+        row->addWidget(button(*control, parent));
+    }
+    row->addSpacing(style::kSectionGap);
+    for (CommandButton& control : bank.bankButtons) {
+        row->addWidget(button(control, parent));
+    }
+    row->addWidget(button(bank.customButton, parent));
+    row->addStretch(1);
+    row->addWidget(button(bank.identifyButton, parent));
+    row->addWidget(button(bank.mainButton, parent));
+    return row;
 }
 
 // The strip of the panel's copies of the six group sliders.
@@ -139,20 +261,8 @@ RandomBankView::RandomBankView(RandomBank& bank, QWidget* parent) : QWidget(pare
     body->addWidget(groupStrip(bank, this));
     root->addLayout(body, 1);
 
-    auto* buttons = new QHBoxLayout();
-    buttons->setSpacing(style::kSpacing);
-    for (CommandButton& control : bank.bankButtons) {
-        auto* b = new QPushButton(this);
-        bindWidget(control, *b);
-        buttons->addWidget(b);
-    }
-    buttons->addStretch(1);
-    for (CommandButton* control : {&bank.identifyButton, &bank.mainButton}) {
-        auto* b = new QPushButton(this);
-        bindWidget(*control, *b);
-        buttons->addWidget(b);
-    }
-    root->addLayout(buttons);
+    root->addLayout(commandRow(bank, this));
+    root->addLayout(navigationRow(bank, this));
 
     followPanelWindow(bank.window, *this, OnClose::HidePanel);
 }

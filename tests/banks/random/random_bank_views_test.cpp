@@ -1,0 +1,128 @@
+// The random banks' windows with their commands, the custom bank's window and the
+// Randomize settings windows, bound to a whole Application on the offscreen platform.
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+
+#include "core/app_harness.h"
+#include "engine/recording_engine.h"
+#include "ui/core/application_views.h"
+#include "ui/widgets/style.h"
+
+namespace brevane {
+namespace {
+
+class RandomBankViewsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        app = &h.startAndLoad();
+        views = std::make_unique<ApplicationViews>(*app);
+    }
+    void TearDown() override { views.reset(); }
+
+    QWidget& windowOf(const PanelWindow& panel) { return *views->windowOf(panel); }
+
+    template <class W>
+    W* findByName(QWidget& root, const QString& accessibleName) {
+        for (W* w : root.findChildren<W*>()) {
+            if (w->accessibleName() == accessibleName) {
+                return w;
+            }
+        }
+        return nullptr;
+    }
+
+    QPushButton* buttonWithText(QWidget& root, const QString& text) {
+        for (QPushButton* b : root.findChildren<QPushButton*>()) {
+            if (b->text() == text) {
+                return b;
+            }
+        }
+        return nullptr;
+    }
+
+    test::AppHarness<RecordingEngine> h;
+    Application* app = nullptr;
+    std::unique_ptr<ApplicationViews> views;
+};
+
+TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAndAutoShowsItsColour) {
+    app->frmrandommain.show();
+    QWidget& w = windowOf(app->frmrandommain.window);
+    app->frmrandommain.slot(15).volume.setValue(200);
+    app->frmrandommain.slot(16).volume.setValue(100);
+    QTest::mouseClick(findByName<QPushButton>(w, QStringLiteral("Volume bulk 2")), Qt::LeftButton);
+    EXPECT_EQ(app->frmrandommain.slot(15).volume.value(), 75);
+
+    QPushButton* autoButton = buttonWithText(w, QStringLiteral("Auto"));
+    ASSERT_NE(autoButton, nullptr);
+    // Off shows as an ordinary button, on in the scheme's highlight.
+    EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
+    QTest::mouseClick(autoButton, Qt::LeftButton);
+    EXPECT_TRUE(app->frmrandommain3.timerautorandom.enabled());
+    EXPECT_EQ(autoButton->palette().color(QPalette::Button),
+              style::toQColor(app->SchemeHighlightColour));
+    // The mirror reaches the other banks' windows too.
+    QWidget& w2 = windowOf(app->frmrandommain2.window);
+    EXPECT_TRUE(buttonWithText(w2, QStringLiteral("Auto"))->isChecked());
+    QTest::mouseClick(autoButton, Qt::LeftButton);
+    EXPECT_FALSE(app->frmrandommain3.timerautorandom.enabled());
+    EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
+
+    QTest::mouseClick(findByName<QPushButton>(w, QStringLiteral("Randomize settings")),
+                      Qt::LeftButton);
+    EXPECT_TRUE(windowOf(app->Form3.window).isVisible());
+
+    QTest::mouseClick(buttonWithText(w, QStringLiteral("Custom")), Qt::LeftButton);
+    EXPECT_TRUE(windowOf(app->frmcustom.window).isVisible());
+    EXPECT_FALSE(w.isVisible());
+}
+
+TEST_F(RandomBankViewsTest, TheCustomBankHasChoosersAndTheRightButtonRenames) {
+    app->frmcustom.show();
+    QWidget& w = windowOf(app->frmcustom.window);
+    EXPECT_EQ(w.windowTitle(), QStringLiteral("CUSTOM"));
+    EXPECT_NE(findByName<QPushButton>(w, QStringLiteral("Slot 28 file")), nullptr);
+    EXPECT_NE(buttonWithText(w, QStringLiteral("Reset All")), nullptr);
+    // The fixed banks have neither.
+    QWidget& fixed = windowOf(app->frmrandommain4.window);
+    EXPECT_EQ(findByName<QPushButton>(fixed, QStringLiteral("Slot 1 file")), nullptr);
+    EXPECT_EQ(buttonWithText(fixed, QStringLiteral("Reset All")), nullptr);
+
+    h.dialogs.answerInput("Blackbird");
+    QPushButton* name = findByName<QPushButton>(w, QStringLiteral("Slot 3"));
+    ASSERT_NE(name, nullptr);
+    // The right button asks for the row's context menu, which renames.
+    const QPoint at = name->rect().center();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, at, name->mapToGlobal(at));
+    QCoreApplication::sendEvent(name, &menu);
+    EXPECT_EQ(app->frmcustom.slot(3).name.caption(), "Blackbird");
+    EXPECT_EQ(name->text(), QStringLiteral("Blackbird"));
+    EXPECT_TRUE(h.engine.callsOf(RecordingEngine::Op::Play).empty());
+}
+
+TEST_F(RandomBankViewsTest, TheSettingsWindowSetsThePeriodAndClosesOnClose) {
+    app->Form3.window.show();
+    QWidget& w = windowOf(app->Form3.window);
+    auto* period = findByName<QComboBox>(w, QStringLiteral("Randomize period"));
+    ASSERT_NE(period, nullptr);
+    EXPECT_EQ(period->count(), 9);
+    period->setCurrentIndex(2);
+    EXPECT_EQ(app->Form3.period.text(), "5");
+    findByName<QSlider>(w, QStringLiteral("Frequency threshold"))->setValue(120);
+    EXPECT_EQ(app->Form3.threshold.value(), 120);
+
+    QTest::mouseClick(buttonWithText(w, QStringLiteral("Close")), Qt::LeftButton);
+    EXPECT_FALSE(w.isVisible());
+    EXPECT_EQ(app->frmrandommain.timerautorandom.interval(), 5000);
+    EXPECT_TRUE(app->frmrandommain.timerautorandom.enabled());
+}
+
+}  // namespace
+}  // namespace brevane
