@@ -249,6 +249,22 @@ TEST(Finishing, LoopsAreLevelledAndStartWhereTheWrapIsSteady) {
     EXPECT_TRUE(gates::dcOffset(pcm));
 }
 
+TEST(Finishing, DullLoopsGetALittleMoreLevelThanBrightOnesWithinTheLoudnessWindow) {
+    Rng rng(12);
+    Buffer dull = pinkNoise(rng, samples(20.0), Edge::Circular);
+    Buffer bright = dull, pink = dull;
+    filter(dull, Edge::Circular, {Biquad::lowpass(300)});
+    filter(bright, Edge::Circular, {Biquad::highpass(3000)});
+    EXPECT_LT(loudnessTilt(dull), loudnessTilt(pink));
+    EXPECT_GT(loudnessTilt(bright), loudnessTilt(pink));
+    const double dullDb = gainToDb(rmsOf(fromPcm16(finishLoop(dull))));
+    const double brightDb = gainToDb(rmsOf(fromPcm16(finishLoop(bright))));
+    const double pinkDb = gainToDb(rmsOf(fromPcm16(finishLoop(pink))));
+    EXPECT_NEAR(pinkDb, kLoopRmsDbfs, 0.1);
+    EXPECT_NEAR(dullDb, kLoopRmsDbfs + kLoudnessRoomDb, 0.1);
+    EXPECT_NEAR(brightDb, kLoopRmsDbfs - kLoudnessRoomDb, 0.1);
+}
+
 TEST(Finishing, OneShotsLoseLeadingAndTrailingSilenceAndPeakAtMinusThree) {
     Rng rng(9);
     Buffer b(samples(0.3), 0.0f);

@@ -153,9 +153,24 @@ void removeMean(Buffer& b) {
 
 }  // namespace
 
+double loudnessTilt(const Buffer& x) {
+    Buffer k = x;
+    filter(k, Edge::Circular, {Biquad::highShelf(1682.0, 4.0), Biquad::highpass(38.0, 0.5)});
+    const double plain = rmsOf(x), weighted = rmsOf(k);
+    return plain > 0.0 && weighted > 0.0 ? gainToDb(weighted / plain) : 0.0;
+}
+
 std::vector<std::int16_t> finishLoop(Buffer ring) {
     removeMean(ring);
-    const double target = dbToGain(kLoopRmsDbfs);
+    // Pink noise sets the reference: a loop duller than pink sounds quieter at the same
+    // RMS, so it is given a little more level, a brighter one a little less.
+    static const double pinkTilt = [] {
+        Rng rng(1);
+        return loudnessTilt(pinkNoise(rng, samples(4.0), Edge::Circular));
+    }();
+    const double lift =
+        std::clamp(pinkTilt - loudnessTilt(ring), -kLoudnessRoomDb, kLoudnessRoomDb);
+    const double target = dbToGain(kLoopRmsDbfs + lift);
     const double ceiling = dbToGain(kLoopCeilingDbfs);
     for (int pass = 0; pass < 4; ++pass) {
         normaliseRms(ring, target);

@@ -20,6 +20,7 @@ struct FireSpec {
     double hissDb = -22;
     double settlesPerSecond = 0.06;
     double brightHz = 3000;  // centre of the crackles' colour
+    double ticksPerSecond = 25;
 };
 
 // One tick of burning wood: a very short burst with a little colour of its own.
@@ -57,8 +58,8 @@ Buffer fire(Take& t, const FireSpec& f) {
             when += samples(t.rng.exponential(0.012));
         }
     }
-    // A few faint ticks all the time.
-    scatter(crackles, t.rng, 25.0, nullptr, t.edge,
+    // Faint ticks all the time.
+    scatter(crackles, t.rng, f.ticksPerSecond, nullptr, t.edge,
             [&f](Rng& r, std::size_t) { return crackle(r, f.brightHz * 1.3, 0.12 * r.uniform()); });
 
     // Pops: a knock of the wood with a short ring, and a spray of sparks after it.
@@ -121,7 +122,7 @@ Buffer campfire(Take& t) {
     f.crackleRuns = 5;
     f.crackleDb = -4;
     f.popsPerSecond = 0.35;
-    f.popDb = -8;
+    f.popDb = -13;
     f.hissDb = -24;
     f.brightHz = 2600;
     return fire(t, f);
@@ -129,15 +130,16 @@ Buffer campfire(Take& t) {
 
 Buffer cracklingFire(Take& t) {
     FireSpec f;
-    f.roarDb = -6;
+    f.roarDb = -9;
     f.roarHz = 300;
-    f.crackleRuns = 22;
+    f.crackleRuns = 34;
     f.crackleDb = 0;
     f.popsPerSecond = 1.3;
-    f.popDb = -5;
+    f.popDb = -11;
     f.hissDb = -26;
     f.settlesPerSecond = 0.1;
-    f.brightHz = 3800;
+    f.brightHz = 4300;
+    f.ticksPerSecond = 90;
     return fire(t, f);
 }
 

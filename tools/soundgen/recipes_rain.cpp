@@ -60,7 +60,7 @@ Buffer hailOnTin(Take& t) {
     for (auto& p : panels) {
         addLayer(mix, ring(std::move(p), sheetModes(t.rng, 9, 700, 6500, 0.08, 0.3), t.edge), -9.0);
     }
-    addLayer(mix, ring(std::move(thuds), sheetModes(t.rng, 5, 90, 260, 0.05, 0.12), t.edge), -7.0);
+    addLayer(mix, ring(std::move(thuds), sheetModes(t.rng, 5, 90, 260, 0.05, 0.12), t.edge), -13.0);
     addLayer(mix, std::move(clicks), -6.0);
     // Fine rain between the stones, on the same metal.
     addLayer(mix, rainBed(t, 2500, 11000, 0.2), -15.0);
@@ -104,36 +104,44 @@ Buffer rainOnCarRoof(Take& t) {
 
 Buffer lightRain(Take& t) {
     const std::size_t n = t.n;
-    Buffer ticks(n, 0.0f), plips(n, 0.0f), fine(n, 0.0f);
-    const Buffer density = wander(t.rng, n, 4.0, 0.6, 1.0, t.edge);
-    // Distinct drops on the ground and on hard things around.
-    scatter(ticks, t.rng, 110.0, &density, t.edge, [](Rng& r, std::size_t) {
-        return Grain{bandBurst(r, 0.0002, r.uniform(0.003, 0.012), r.logUniform(1500, 6000), 1.5),
+    Buffer ticks(n, 0.0f), soft(n, 0.0f), plips(n, 0.0f), fine(n, 0.0f);
+    const Buffer density = wander(t.rng, n, 4.0, 0.55, 1.0, t.edge);
+    // Distinct drops on hard things around: ticks with a pitch of their own.
+    scatter(ticks, t.rng, 70.0, &density, t.edge, [](Rng& r, std::size_t) {
+        return Grain{bandBurst(r, 0.0002, r.uniform(0.003, 0.012), r.logUniform(1200, 5000), 1.8),
                      dropSize(r, 2.4)};
     });
+    // Drops on soil and grass: soft dull taps.
+    scatter(soft, t.rng, 90.0, &density, t.edge, [](Rng& r, std::size_t) {
+        return Grain{bandBurst(r, 0.0006, r.uniform(0.006, 0.018), r.logUniform(350, 1300), 1.2),
+                     dropSize(r, 2.0)};
+    });
     // Drops into water: small rising plips.
-    scatter(plips, t.rng, 22.0, &density, t.edge, [](Rng& r, std::size_t) {
-        return Grain{bubble(r.logUniform(1700, 4200), r.uniform(6, 20), r.uniform(0.012, 0.035)),
+    scatter(plips, t.rng, 14.0, &density, t.edge, [](Rng& r, std::size_t) {
+        return Grain{bubble(r.logUniform(1500, 4000), r.uniform(6, 20), r.uniform(0.012, 0.035)),
                      r.uniform(0.2, 1.0)};
     });
-    // The fine patter that fills the gaps.
-    scatter(fine, t.rng, 900.0, nullptr, t.edge, [](Rng& r, std::size_t) {
-        return Grain{bandBurst(r, 0.0001, r.uniform(0.001, 0.003), r.logUniform(3000, 9000), 1.0),
+    // The fine patter further off that fills the gaps.
+    scatter(fine, t.rng, 260.0, nullptr, t.edge, [](Rng& r, std::size_t) {
+        return Grain{bandBurst(r, 0.0001, r.uniform(0.001, 0.003), r.logUniform(2500, 7000), 1.0),
                      dropSize(r, 1.5)};
     });
     Buffer mix(n, 0.0f);
     addLayer(mix, std::move(ticks), -6.0);
-    addLayer(mix, std::move(plips), -13.0);
-    addLayer(mix, std::move(fine), -12.0);
-    addLayer(mix, rainBed(t, 1400, 9000, 0.25), -16.0);
-    filter(mix, t.edge, {Biquad::highpass(200), Biquad::highShelf(8000, -3.0)});
+    addLayer(mix, std::move(soft), -8.0);
+    addLayer(mix, std::move(plips), -14.0);
+    addLayer(mix, std::move(fine), -15.0);
+    addLayer(mix, rainBed(t, 1000, 7000, 0.25), -18.0);
+    filter(mix, t.edge, {Biquad::highpass(180), Biquad::highShelf(7000, -4.0)});
+    // Open air between houses and trees: a short, soft reflection behind every drop.
+    reverberate(mix, t.edge, 0.7, 30.0, 4000.0, 0.35);
     return mix;
 }
 
 Buffer heavyRain(Take& t) {
     const std::size_t n = t.n;
     // Sheets of rain: the downpour swells and eases every few seconds.
-    const Buffer sheets = wander(t.rng, n, 2.2, 0.65, 1.0, t.edge);
+    const Buffer sheets = wander(t.rng, n, 2.2, 0.5, 1.0, t.edge);
     Buffer drops(n, 0.0f), splashes(n, 0.0f), plips(n, 0.0f);
     scatter(drops, t.rng, 3200.0, &sheets, t.edge, [](Rng& r, std::size_t) {
         return Grain{bandBurst(r, 0.0002, r.uniform(0.002, 0.008), r.logUniform(900, 7000), 1.1),
@@ -161,6 +169,7 @@ Buffer heavyRain(Take& t) {
     addLayer(mix, std::move(splashes), -13.0);
     addLayer(mix, std::move(plips), -19.0);
     addLayer(mix, std::move(runoff), -13.0);
+    reverberate(mix, t.edge, 0.9, 35.0, 3500.0, 0.4);
     return mix;
 }
 
@@ -195,6 +204,8 @@ Buffer rainOnLeaves(Take& t) {
     addLayer(mix, std::move(rustle), -19.0);
     addLayer(mix, rainBed(t, 2000, 7000, 0.2), -17.0);
     filter(mix, t.edge, {Biquad::highpass(250), Biquad::highShelf(7500, -4.0)});
+    // Under trees the space is close and soft.
+    reverberate(mix, t.edge, 0.5, 20.0, 3000.0, 0.3);
     return mix;
 }
 
@@ -202,22 +213,19 @@ Buffer rainOnPavement(Take& t) {
     const std::size_t n = t.n;
     Buffer crisp(n, 0.0f), splats(n, 0.0f), puddle(n, 0.0f), gutter(n, 0.0f);
     const Buffer density = wander(t.rng, n, 3.5, 0.7, 1.0, t.edge);
-    // Drops shattering on hard ground: crisp and bright.
-    scatter(crisp, t.rng, 2400.0, &density, t.edge, [](Rng& r, std::size_t) {
-        Buffer g = noiseBurst(r, 0.0001, r.uniform(0.0015, 0.005));
-        Biquad hp = Biquad::highpass(2500, 0.7);
-        for (auto& v : g) {
-            v = hp(v);
-        }
-        return Grain{std::move(g), dropSize(r, 2.5)};
+    // Drops shattering on hard ground: short, crisp, spread over the upper middle.
+    scatter(crisp, t.rng, 2200.0, &density, t.edge, [](Rng& r, std::size_t) {
+        return Grain{bandBurst(r, 0.0001, r.uniform(0.0015, 0.005), r.logUniform(1500, 6000), 0.8),
+                     dropSize(r, 2.5)};
     });
+    // Bigger drops splatting into the wet film on the stones.
     scatter(splats, t.rng, 120.0, &density, t.edge, [](Rng& r, std::size_t) {
-        return Grain{bandBurst(r, 0.0005, r.uniform(0.01, 0.025), r.logUniform(2000, 7000), 0.9),
+        return Grain{bandBurst(r, 0.0005, r.uniform(0.01, 0.025), r.logUniform(1000, 4500), 0.9),
                      r.uniform(0.2, 1.0)};
     });
     // Plinks in the puddles.
     scatter(puddle, t.rng, 16.0, nullptr, t.edge, [](Rng& r, std::size_t) {
-        return Grain{bubble(r.logUniform(1800, 5000), r.uniform(10, 40), r.uniform(0.015, 0.04)),
+        return Grain{bubble(r.logUniform(1500, 4200), r.uniform(10, 40), r.uniform(0.015, 0.04)),
                      r.uniform(0.3, 1.0)};
     });
     // A gutter trickling into a drain.
@@ -226,12 +234,14 @@ Buffer rainOnPavement(Take& t) {
                      r.uniform(0.2, 1.0)};
     });
     Buffer mix(n, 0.0f);
-    addLayer(mix, std::move(crisp), -6.0);
-    addLayer(mix, std::move(splats), -10.0);
-    addLayer(mix, std::move(puddle), -17.0);
-    addLayer(mix, std::move(gutter), -20.0);
-    addLayer(mix, rainBed(t, 1500, 11000, 0.15), -11.0);
-    filter(mix, t.edge, {Biquad::highpass(180), Biquad::highShelf(10000, -3.0)});
+    addLayer(mix, std::move(crisp), -5.0);
+    addLayer(mix, std::move(splats), -9.0);
+    addLayer(mix, std::move(puddle), -16.0);
+    addLayer(mix, std::move(gutter), -17.0);
+    addLayer(mix, rainBed(t, 1200, 9000, 0.15), -12.0);
+    filter(mix, t.edge, {Biquad::highpass(180), Biquad::highShelf(8000, -6.0)});
+    // A street: hard walls send the splashes back.
+    reverberate(mix, t.edge, 1.1, 45.0, 5000.0, 0.45);
     return mix;
 }
 
@@ -248,11 +258,12 @@ void addRainRecipes(std::vector<Recipe>& out) {
                    "(118-840 Hz) with light taps, heavy drips from the frame, the rain outside "
                    "low-passed through glass, cabin resonance at 180 Hz.",
                    rainOnCarRoof});
-    out.push_back({"bin/3.isz", "Light rain", kBankOne, Kind::Loop, 31.7,
-                   "110 distinct drop ticks a second (band-passed bursts 1.5-6 kHz) over a fine "
-                   "900-a-second patter, a few rising plips into water, a thin hiss, all breathing "
-                   "slowly.",
-                   lightRain});
+    out.push_back(
+        {"bin/3.isz", "Light rain", kBankOne, Kind::Loop, 31.7,
+         "70 distinct drop ticks a second (band-passed bursts 1.2-5 kHz) and 90 soft taps on "
+         "soil (0.35-1.3 kHz) over a fine distant patter, a few rising plips into water, a "
+         "thin hiss, all breathing slowly.",
+         lightRain});
     out.push_back(
         {"bin/4.isz", "Heavy rain", kBankOne, Kind::Loop, 25.3,
          "a downpour in sheets: pink hiss peaked at 3 kHz and 3200 drops a second swelling "
@@ -262,10 +273,11 @@ void addRainRecipes(std::vector<Recipe>& out) {
                    "480 papery leaf taps a second (resonant bursts 0.8-3.6 kHz, Q 2.5), leaves "
                    "shedding runs of heavier drips, stirring foliage and a soft distant hiss.",
                    rainOnLeaves});
-    out.push_back({"bin/6.isz", "Rain on pavement", kBankOne, Kind::Loop, 28.3,
-                   "2400 crisp high-passed drop shatters a second with brighter splats, plinks in "
-                   "puddles and a gutter trickling low into a drain.",
-                   rainOnPavement});
+    out.push_back(
+        {"bin/6.isz", "Rain on pavement", kBankOne, Kind::Loop, 28.3,
+         "2200 crisp drop shatters a second (1.5-6 kHz) with heavier splats into the wet film, "
+         "plinks in puddles and a gutter trickling low into a drain.",
+         rainOnPavement});
 }
 
 }  // namespace brevane::soundgen

@@ -18,7 +18,7 @@ struct WaveSpec {
     double swellDb = -6;
     double crashDb = 0;  // the break
     double crashLowHz = 150, crashHighHz = 4000;
-    double crashRise = 0.25, crashT60 = 2.2;
+    double crashRise = 0.35, crashT60 = 2.2;
     double boomDb = -8;  // the water's weight landing
     double washDb = -4;  // foam running up the beach
     double washSeconds = 3.0;
@@ -37,7 +37,7 @@ Buffer wave(Rng& rng, const WaveSpec& w) {
     const double breakAt = w.approach;
     const double wash0 = breakAt + 0.25;
     const double rattle0 = wash0 + 0.45 * w.washSeconds;
-    const double end = std::max({breakAt + w.crashT60, wash0 + w.washSeconds + 1.0,
+    const double end = std::max({breakAt + w.crashT60, wash0 + 2.0 * w.washSeconds + 0.3,
                                  w.rattleDb > kNone ? rattle0 + w.rattleSeconds + 0.8 : 0.0});
     const std::size_t n = samples(end);
     Buffer mix(n, 0.0f);
@@ -60,7 +60,7 @@ Buffer wave(Rng& rng, const WaveSpec& w) {
         const double t = static_cast<double>(i) / kRate;
         if (i >= b0 && t < breakAt) {
             const double u = (t - (breakAt - w.crashRise)) / w.crashRise;
-            crashEnv[i] = static_cast<float>(u * u);
+            crashEnv[i] = static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * u * u));
         } else if (t >= breakAt) {
             crashEnv[i] = fall[i - samples(breakAt)];
         }
@@ -78,12 +78,17 @@ Buffer wave(Rng& rng, const WaveSpec& w) {
     multiply(boom, boomEnv);
     addLayer(mix, std::move(boom), w.boomDb);
 
-    // The wash: foam fizzing up the beach, a dense froth of tiny bursting bubbles.
+    // The wash: foam fizzing up the beach, a dense froth of tiny bursting bubbles, slowing
+    // as the water runs out of strength and lingering as it soaks away.
     Buffer foam(n, 0.0f);
+    const double ws = w.washSeconds;
     const std::vector<Point> washShape{{wash0, 0.0},
-                                       {wash0 + 0.7, 1.0},
-                                       {wash0 + 0.45 * w.washSeconds, 0.6},
-                                       {wash0 + w.washSeconds, 0.0}};
+                                       {wash0 + 0.5, 1.0},
+                                       {wash0 + 0.3 * ws, 0.7},
+                                       {wash0 + 0.6 * ws, 0.4},
+                                       {wash0 + ws, 0.18},
+                                       {wash0 + 1.4 * ws, 0.06},
+                                       {wash0 + 2.0 * ws, 0.0}};
     const Buffer washEnv = envelope(n, washShape);
     scatter(foam, rng, 4000.0, &washEnv, Edge::Linear, [](Rng& r, std::size_t) {
         return Grain{bubble(r.logUniform(2500, 9000), r.uniform(5, 30), r.uniform(0.002, 0.006)),
@@ -157,7 +162,7 @@ WaveSpec vary(Rng& r, WaveSpec w, double size) {
 
 // Waves at their scheduled places round the ring, over a bed of the distant sea.
 Buffer shore(Take& t, const WaveSpec& model, double minGap, double maxGap, double sizeLo,
-             double sizeHi, double bedDb, double bedHz) {
+             double sizeHi, double bedDb, double bedHz, double hissDb) {
     Buffer mix(t.n, 0.0f);
     Buffer waves(t.n, 0.0f);
     for (std::size_t at : ringSchedule(t.rng, t.n, minGap, maxGap)) {
@@ -169,6 +174,11 @@ Buffer shore(Take& t, const WaveSpec& model, double minGap, double maxGap, doubl
     filter(bed, t.edge, {Biquad::lowpass(bedHz, 0.7), Biquad::highpass(40)});
     multiply(bed, wander(t.rng, t.n, 4.0, 0.6, 1.0, t.edge));
     addLayer(mix, std::move(bed), bedDb);
+    // Foam further along the shore never quite stops fizzing.
+    Buffer hiss = pinkNoise(t.rng, t.n, t.edge);
+    filter(hiss, t.edge, {Biquad::highpass(1200, 0.7), Biquad::lowpass(8000, 0.7)});
+    multiply(hiss, wander(t.rng, t.n, 2.5, 0.4, 1.0, t.edge));
+    addLayer(mix, std::move(hiss), hissDb);
     return mix;
 }
 
@@ -213,12 +223,12 @@ WaveSpec breaker() {
 }
 
 Buffer shingleOcean(Take& t) {
-    Buffer b = shore(t, shingleWave(), 7.0, 11.0, 0.6, 1.0, -17, 500);
+    Buffer b = shore(t, shingleWave(), 7.0, 11.0, 0.6, 1.0, -17, 500, -22);
     return b;
 }
 
 Buffer roughSea(Take& t) {
-    Buffer b = shore(t, breaker(), 4.0, 7.5, 0.55, 1.0, -6, 1400);
+    Buffer b = shore(t, breaker(), 4.0, 7.5, 0.55, 1.0, -6, 1400, -14);
     // Wind over the water, tearing spray off the crests.
     Buffer spray = pinkNoise(t.rng, t.n, t.edge);
     filter(spray, t.edge, {Biquad::highpass(2500, 0.7), Biquad::lowpass(10000, 0.7)});
@@ -228,21 +238,23 @@ Buffer roughSea(Take& t) {
 }
 
 Buffer gentleOcean(Take& t) {
-    return shore(t, sandWave(), 8.0, 12.0, 0.35, 0.6, -16, 400);
+    return shore(t, sandWave(), 8.0, 12.0, 0.35, 0.6, -16, 400, -20);
 }
 
-// A small lap of water against something: a hollow slap and a slosh.
+// A small lap of water against something: a hollow slap and a slosh, both soft-edged.
 Buffer lap(Rng& r, double slapHz, double slapQ, double sloshSeconds) {
     const std::size_t n = samples(sloshSeconds + 0.3);
-    Buffer slap = bandBurst(r, 0.002, r.uniform(0.05, 0.14), slapHz, slapQ);
+    Buffer slap = bandBurst(r, 0.004, r.uniform(0.05, 0.14), slapHz, slapQ);
+    filter(slap, Edge::Linear, {Biquad::lowpass(slapHz * 2.5, 0.7)});
     slap.resize(n, 0.0f);
     Buffer slosh = pinkNoise(r, n, Edge::Linear);
-    filter(slosh, Edge::Linear, {Biquad::bandpass(r.logUniform(500, 1400), 0.9)});
-    const std::vector<Point> shape{{0.0, 0.0}, {0.06, 1.0}, {sloshSeconds, 0.0}};
+    filter(slosh, Edge::Linear,
+           {Biquad::bandpass(r.logUniform(400, 1100), 0.9), Biquad::lowpass(3000, 0.7)});
+    const std::vector<Point> shape{{0.0, 0.0}, {0.08, 1.0}, {sloshSeconds, 0.0}};
     multiply(slosh, envelope(n, shape));
     Buffer out(n, 0.0f);
     addLayer(out, std::move(slap), 0.0);
-    addLayer(out, std::move(slosh), -4.0);
+    addLayer(out, std::move(slosh), -3.0);
     return out;
 }
 
@@ -250,7 +262,7 @@ Buffer harbor(Take& t) {
     const std::size_t n = t.n;
     // Water slapping against hulls and the quay, now and then in quick pairs.
     Buffer laps(n, 0.0f);
-    for (std::size_t at : poissonTimes(t.rng, n, 1.4)) {
+    for (std::size_t at : poissonTimes(t.rng, n, 1.0)) {
         const int count = t.rng.chance(0.3) ? 2 : 1;
         std::size_t when = at;
         for (int k = 0; k < count; ++k) {
@@ -300,12 +312,19 @@ Buffer harbor(Take& t) {
         process(pulses, Edge::Linear, [&body](float x, std::size_t) { return body(x); });
         addGrain(creaks, at, pulses, 1.0, t.edge);
     }
+    // Small ripples lapping all the time, quieter than the slaps.
+    Buffer ripples(n, 0.0f);
+    scatter(ripples, t.rng, 5.0, nullptr, t.edge, [](Rng& r, std::size_t) {
+        return Grain{lap(r, r.logUniform(300, 900), 1.5, r.uniform(0.2, 0.45)),
+                     r.uniform(0.2, 0.6)};
+    });
     Buffer water = pinkNoise(t.rng, n, t.edge);
     filter(water, t.edge, {Biquad::lowpass(900, 0.7), Biquad::highpass(80)});
     multiply(water, wander(t.rng, n, 2.5, 0.5, 1.0, t.edge));
     Buffer mix(n, 0.0f);
     addLayer(mix, std::move(laps), 0.0);
-    addLayer(mix, std::move(water), -10.0);
+    addLayer(mix, std::move(ripples), -6.0);
+    addLayer(mix, std::move(water), -7.0);
     addLayer(mix, std::move(rigging), -14.0);
     addLayer(mix, std::move(creaks), -16.0);
     return mix;

@@ -27,8 +27,8 @@ struct ThunderSpec {
     double rumbleDb = 0;
     double start = 0.25;  // rumble level when the sound begins (far thunder creeps in)
     std::vector<Roll> rolls;
-    double grit = 0.6;    // how broken-up the rumble is, 0 smooth .. 1 crackly
-    double space = 0.45;  // wet level of the echoing space
+    double grit = 0.6;   // how broken-up the rumble is, 0 smooth .. 1 crackly
+    double space = 0.5;  // wet level of the echoing space
 };
 
 Buffer thunder(Take& t, const ThunderSpec& s) {
@@ -68,6 +68,13 @@ Buffer thunder(Take& t, const ThunderSpec& s) {
     }
     sweep(rumble, Edge::Linear, hz, 0.7, Pass::Low);
     sweep(rumble, Edge::Linear, hz, 0.7, Pass::Low);
+    // The roll tumbles: its level lurches irregularly a few times a second, more so the
+    // more broken the channel.
+    Buffer tumble = wander(t.rng, n, 0.22, 0.0, 1.0, Edge::Linear);
+    for (auto& v : tumble) {
+        v = static_cast<float>(1.0 - s.grit * 0.8 * (1.0 - std::pow(v, 1.5)));
+    }
+    multiply(rumble, tumble);
     filter(rumble, Edge::Linear, {Biquad::highpass(28, 0.7), Biquad::peaking(70, 1.0, 3.0)});
     addLayer(mix, std::move(rumble), s.rumbleDb);
 
@@ -141,7 +148,7 @@ Buffer rumble3(Take& t) {
     s.start = 0.35;
     s.rolls = {{1.0, 2.5, 4.0, 1.0}, {6.0, 2.0, 5.0, 0.8}, {10.5, 1.5, 4.0, 0.4}};
     s.grit = 0.4;
-    s.space = 0.6;
+    s.space = 0.7;
     return thunder(t, s);
 }
 
@@ -177,7 +184,7 @@ Buffer rumble6(Take& t) {
     s.start = 0.4;
     s.rolls = {{0.5, 3.0, 5.0, 0.8}, {5.0, 2.5, 5.0, 1.0}, {11.0, 2.0, 5.0, 0.6}};
     s.grit = 0.3;
-    s.space = 0.7;
+    s.space = 0.8;
     return thunder(t, s);
 }
 
@@ -222,7 +229,7 @@ Buffer rumble10(Take& t) {
     s.start = 0.45;
     s.rolls = {{2.0, 4.0, 6.0, 1.0}, {9.0, 3.0, 5.0, 0.7}};
     s.grit = 0.25;
-    s.space = 0.75;
+    s.space = 0.85;
     return thunder(t, s);
 }
 

@@ -41,6 +41,8 @@ Buffer fountain(Take& t) {
     addLayer(mix, std::move(plops), -15.0);
     addLayer(mix, std::move(sheet), -9.0);
     filter(mix, t.edge, {Biquad::highpass(150), Biquad::highShelf(9000, -3.0)});
+    // A courtyard fountain: walls around it.
+    reverberate(mix, t.edge, 1.0, 40.0, 4500.0, 0.4);
     return mix;
 }
 
@@ -79,6 +81,7 @@ Buffer stream(Take& t) {
     addLayer(mix, std::move(fizz), -10.0);
     addLayer(mix, std::move(flow), -13.0);
     filter(mix, t.edge, {Biquad::highpass(120)});
+    reverberate(mix, t.edge, 0.6, 25.0, 3000.0, 0.25);
     return mix;
 }
 

@@ -134,7 +134,7 @@ Buffer gustySpeed(Take& t, double baseLo, double baseHi, double spacing, double 
                   double gustLo, double gustHi) {
     Buffer speed = wander(t.rng, t.n, spacing, baseLo, baseHi, t.edge);
     for (std::size_t at : poissonTimes(t.rng, t.n, gustRate)) {
-        const double rise = t.rng.uniform(0.8, 2.0), fall = t.rng.uniform(2.0, 4.5);
+        const double rise = t.rng.uniform(1.2, 2.8), fall = t.rng.uniform(2.5, 5.0);
         const std::vector<Point> shape{{0.0, 0.0}, {rise, 1.0}, {rise + fall, 0.0}};
         const Buffer g = envelope(samples(rise + fall), shape);
         addGrain(speed, at, g, t.rng.uniform(gustLo, gustHi), t.edge);
@@ -162,16 +162,19 @@ Buffer winterWind(Take& t) {
 Buffer lightBreeze(Take& t) {
     const Buffer speed = wander(t.rng, t.n, 6.5, 0.15, 0.55, t.edge);
     WindSpec w;
-    w.bodyLowHz = 350;
-    w.bodyHighHz = 1400;
-    w.rumbleDb = -26;
-    w.hissDb = -16;
+    w.bodyLowHz = 500;
+    w.bodyHighHz = 1800;
+    w.rumbleDb = -30;
+    w.hissDb = -13;
     w.flutter = 0.1;
-    w.rustleDb = -20;
+    w.rustleDb = -14;
     w.rustleRate = 900;
     w.rustleLowHz = 2500;
     w.rustleHighHz = 7000;
-    return windVoice(t, speed, w);
+    Buffer b = windVoice(t, speed, w);
+    // Gentle air has little weight below a couple of hundred hertz.
+    filter(b, t.edge, {Biquad::highpass(140, 0.6)});
+    return b;
 }
 
 Buffer gustyWind(Take& t) {
@@ -375,7 +378,7 @@ void addWindRecipes(std::vector<Recipe>& out) {
                    lightBreeze});
     out.push_back(
         {"bin/9.isz", "Gusty wind", kBankOne, Kind::Loop, 34.7,
-         "a low base wind with strong gusts every six seconds or so, each swelling over 1-2 s: the "
+         "a low base wind with strong gusts every six seconds or so, each swelling over 1-3 s: the "
          "body opens to 1.1 kHz, turbulence flutters hard, buffeting rumbles, two whistles break "
          "through at the peaks.",
          gustyWind});

@@ -3,6 +3,8 @@
 //
 //   soundsheet <tree> <out-folder>             one sheet per bank
 //   soundsheet <tree> <out-folder> <file>...   one sheet, selection.png, of those files
+//   soundsheet <tree> <out-folder> --window <from> <seconds> <file>...
+//                                              the same, showing only that stretch
 //
 // Each sound gets a panel: its file, name and length; a spectrogram on a log frequency
 // scale (30 Hz to 20 kHz, 80 dB of range under the sound's loudest point, tilted by
@@ -11,11 +13,13 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QImage>
+#include <QList>
 #include <QPainter>
 #include <QString>
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 
 #include "analysis.h"
@@ -62,7 +66,11 @@ void drawPanel(QPainter& p, QImage& img, int x, int y, const Recipe& r, const Bu
                    QString::fromUtf8(r.name.c_str()) +
                    QStringLiteral("  (%1 s)").arg(secs, 0, 'f', 1));
     const int top = y + kLabelH;
-    constexpr std::size_t kFft = 4096;
+    // A window about four columns long, so short sounds and zoomed stretches keep their detail.
+    std::size_t kFft = 512;
+    while (kFft < 4096 && kFft < 4 * sound.size() / kPanelW) {
+        kFft *= 2;
+    }
     const Edge edge = r.kind == Kind::OneShot ? Edge::Linear : Edge::Circular;
     auto spec = spectrogram(sound, kPanelW, kFft, edge);
     const double binHz = static_cast<double>(kRate) / kFft;
@@ -121,7 +129,13 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::filesystem::path tree = argv[1], outDir = argv[2];
-    const std::vector<std::string> only(argv + 3, argv + argc);
+    std::vector<std::string> only(argv + 3, argv + argc);
+    double windowFrom = 0.0, windowSeconds = 0.0;
+    if (only.size() >= 3 && only[0] == "--window") {
+        windowFrom = std::atof(only[1].c_str());
+        windowSeconds = std::atof(only[2].c_str());
+        only.erase(only.begin(), only.begin() + 3);
+    }
     std::vector<std::string> banks;
     std::map<std::string, std::vector<const Recipe*>> byBank;
     for (const auto& r : recipes()) {
@@ -167,7 +181,14 @@ int main(int argc, char** argv) {
                 status = 1;
                 continue;
             }
-            drawPanel(p, img, x, y, *list[i], fromPcm16(data->samples));
+            Buffer sound = fromPcm16(data->samples);
+            if (windowSeconds > 0.0) {
+                const std::size_t from = std::min(sound.size(), samples(windowFrom));
+                const std::size_t to = std::min(sound.size(), from + samples(windowSeconds));
+                sound = Buffer(sound.begin() + static_cast<std::ptrdiff_t>(from),
+                               sound.begin() + static_cast<std::ptrdiff_t>(to));
+            }
+            drawPanel(p, img, x, y, *list[i], sound);
         }
         p.end();
         std::string name = bank;
@@ -175,7 +196,19 @@ int main(int argc, char** argv) {
             return c == ' ' ? '_' : static_cast<char>(std::tolower(c));
         });
         const auto file = outDir / (name + ".png");
-        if (!img.save(QString::fromStdString(file.string()), "PNG", 0)) {
+        // A palette of the heat scale and the few drawing colours keeps the sheets small.
+        QList<QRgb> palette;
+        for (int k = 0; k < 48; ++k) {
+            palette.push_back(heat(k / 47.0));
+        }
+        for (QRgb c :
+             {qRgb(14, 16, 20), qRgb(20, 24, 30), qRgb(120, 220, 140), qRgb(230, 230, 230),
+              qRgb(255, 255, 255), qRgb(120, 200, 255), qRgb(80, 90, 100), qRgb(160, 160, 160)}) {
+            palette.push_back(c);
+        }
+        const QImage small =
+            img.convertToFormat(QImage::Format_Indexed8, palette, Qt::ThresholdDither);
+        if (!small.save(QString::fromStdString(file.string()), "PNG", 0)) {
             std::fprintf(stderr, "soundsheet: cannot write %s\n", file.c_str());
             status = 1;
         } else {
