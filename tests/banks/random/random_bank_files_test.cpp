@@ -114,6 +114,16 @@ TEST_F(RandomBankFilesTest, LoadingSetsEverySliderAndIgnoresTheGroupAndCopyField
     ASSERT_TRUE(b.doload(h.tree.root() / "plain.rcf"));
     expectSliders(b, 100, 50);
     EXPECT_TRUE(h.dialogs.shown().empty());
+
+    // Values past a slider's end stop at the end.
+    std::vector<int> wide = fieldsFor(0, 0);
+    wide[0] = 300;   // volume 1
+    wide[20] = -40;  // frequency 1
+    h.writeFile("wide.rcf", joined(wide));
+    ASSERT_TRUE(b.doload(h.tree.root() / "wide.rcf"));
+    EXPECT_EQ(b.slot(1).volume.value(), 255);
+    EXPECT_EQ(b.slot(1).frequency.value(), 0);
+    EXPECT_EQ(b.slot(2).volume.value(), 2);
     // Another bank is untouched.
     EXPECT_EQ(bank(2).slot(1).volume.value(), 220);
 }
@@ -128,18 +138,6 @@ TEST_F(RandomBankFilesTest, LoadedLevelsReachTheLatestPlaysWhichGoOn) {
     EXPECT_TRUE(h.engine.channel(channel)->playing);
     EXPECT_EQ(h.engine.channel(channel)->volume, b.slotVolumeOf(9));
     EXPECT_TRUE(h.engine.callsOf(Op::Stop).empty());
-}
-
-TEST_F(RandomBankFilesTest, ValuesPastASlidersEndStopAtTheEnd) {
-    RandomBank& b = bank(4);
-    std::vector<int> fields = fieldsFor(0, 0);
-    fields[0] = 300;   // volume 1
-    fields[20] = -40;  // frequency 1
-    h.writeFile("wide.rcf", joined(fields));
-    ASSERT_TRUE(b.doload(h.tree.root() / "wide.rcf"));
-    EXPECT_EQ(b.slot(1).volume.value(), 255);
-    EXPECT_EQ(b.slot(1).frequency.value(), 0);
-    EXPECT_EQ(b.slot(2).volume.value(), 2);
 }
 
 TEST_F(RandomBankFilesTest, AFileThatCannotBeReadChangesNothingAndEachBankSaysItsOwnWords) {
@@ -225,14 +223,6 @@ TEST_F(RandomBankFilesTest, QuittingWritesEachBanksSessionCopy) {
         EXPECT_EQ(*content, joined(fieldsFor(n, 10 * n)));
     }
     EXPECT_TRUE(readWholeFile(h.tree.root() / "randc.ini").has_value());
-}
-
-TEST_F(RandomBankFilesTest, ASessionCopyBringsTheBankBack) {
-    setSliders(bank(3), 30, 40);
-    ASSERT_TRUE(bank(3).dosave(bank(3).sessionPath()));
-    setSliders(bank(3), 0, 0);
-    ASSERT_TRUE(bank(3).doload(h.tree.root() / "rand3.ini"));
-    expectSliders(bank(3), 30, 40);
 }
 
 }  // namespace
