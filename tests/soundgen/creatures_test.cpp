@@ -151,6 +151,31 @@ TEST(Insects, AFlightIsLoudestBrightestAndHighestAsItComesClose) {
     EXPECT_GT(coming, going * 1.04);
 }
 
+TEST(Frogs, CroaksArePulsedAtTheirRateAndRingAtTheirCarrier) {
+    Rng r(12);
+    calls::Croak c;
+    c.seconds = 0.3;
+    c.pulseRate = 50.0;
+    c.carrier = 900.0;
+    c.second = 1900.0;
+    const Buffer b = calls::croak(r, c);
+    // Every pulse rings out before the next: fifty distinct knocks a second.
+    const auto pulses = probe::onsets(b, 0.01, 30.0);
+    EXPECT_NEAR(static_cast<double>(pulses.size()), 15.0, 2.0);
+    EXPECT_NEAR(probe::pitch(stretch(b, 0.05, 0.25), 30, 80).hz, 50.0, 4.0);
+    EXPECT_NEAR(peakHz(b, 200, 5000), 900, 60);
+    // A green frog's gunk is a plucked twang: loud at once, soon fading.
+    const Buffer gunk = calls::greenFrogGunk(r);
+    EXPECT_GT(probe::rmsBetween(gunk, 0.0, 0.05), 4.0 * probe::rmsBetween(gunk, 0.2, 0.25));
+}
+
+TEST(Lizards, GeckoChirpsSlowAsTheyGo) {
+    Rng r(13);
+    const auto t = probe::onsets(calls::geckoChirps(r, 8, 2600.0), 0.05, 30.0);
+    ASSERT_EQ(t.size(), 8u);
+    EXPECT_GT(t[7] - t[6], t[1] - t[0] + 0.02);
+}
+
 TEST(FarmAnimals, SpeakAtTheirOwnPitch) {
     Rng r(9);
     const Buffer moo = calls::cowMoo(r, 120, 1.5, 0.0);
@@ -214,6 +239,34 @@ TEST(Horses, CanterPassesBrightestAndLoudestWhereItIsClosest) {
     EXPECT_GT(middle, 10.0 * probe::rmsBetween(b, 0.85 * total, total));
     EXPECT_GT(bandShareDb(stretch(b, 0.4 * total, 0.6 * total), 2000, 20000),
               bandShareDb(stretch(b, 0.85 * total, total), 2000, 20000) + 10.0);
+}
+
+// The insect loops sing in their own bands: crickets near their carriers, each cicada
+// chorus round its own body's ring.
+TEST(LivingLoops, InsectChorusesSingInTheirOwnBands) {
+    const auto peak = [](const char* file) { return peakHz(stock(file), 1000, 12000); };
+    for (const char* file : {"bin/61.isz", "bin/62.isz"}) {
+        EXPECT_NEAR(peak(file), 4700, 800) << file;
+    }
+    const double indian = peak("bin/63.isz"), african = peak("bin/64.isz"),
+                 western = peak("bin/65.isz");
+    EXPECT_NEAR(indian, 4300, 600);
+    EXPECT_NEAR(african, 5300, 500);
+    EXPECT_NEAR(western, 4000, 500);
+    EXPECT_GT(african, indian + 500);
+    EXPECT_GT(african, western + 800);
+}
+
+// A wood full of birds: most of its power is birdsong, high above the bed, and the song
+// comes and goes.
+TEST(LivingLoops, WoodlandBirdsAreMostlyBirdsong) {
+    const Buffer b = stock("bin/55.isz");
+    EXPECT_GT(bandShareDb(b, 1500, 9000), -3.0);
+    auto levels = frameRms(b, samples(0.1));
+    for (auto& v : levels) {
+        v = gainToDb(v);
+    }
+    EXPECT_GT(percentile(levels, 90) - percentile(levels, 10), 6.0);
 }
 
 // The takes of one animal share its voice: their spectra correlate closely, closer than the
