@@ -3,10 +3,12 @@
 // registered.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <set>
+#include <span>
 #include <sstream>
 
 #include "analysis.h"
@@ -144,6 +146,74 @@ TEST(StockLibrary, LoopLengthsAllDifferSoLoopsNeverFallIntoStep) {
         EXPECT_GE(lengths[i].first - lengths[i - 1].first, 0.2)
             << lengths[i - 1].second << " and " << lengths[i].second
             << " are nearly the same length";
+    }
+}
+
+// Coarse checks that each sound is the kind of sound its name says, so a recipe wired to
+// the wrong file or a family gone wrong is caught without anyone listening.
+double centroidOf(const std::string& file) {
+    const Loaded* s = load(file);
+    return s ? spectralCentroid(s->x) : 0.0;
+}
+
+TEST(StockCharacter, RainIsBrightBroadbandAndWindIsLowNoise) {
+    for (int f : {3, 4, 5, 6}) {
+        EXPECT_GT(centroidOf("bin/" + std::to_string(f) + ".isz"), 1800.0) << "rain loop " << f;
+    }
+    for (int f : {7, 9}) {
+        EXPECT_LT(centroidOf("bin/" + std::to_string(f) + ".isz"), 900.0) << "wind loop " << f;
+    }
+    // Heard from inside a car the rain is muffled; leaves rustle high.
+    EXPECT_LT(centroidOf("bin/2.isz"), centroidOf("bin/3.isz"));
+    EXPECT_GT(centroidOf("bin/10.isz"), centroidOf("bin/12.isz"));
+}
+
+TEST(StockCharacter, NearThunderCracksAndFarThunderOnlyRumbles) {
+    // Share of the first half second above 2 kHz: the crack of a near strike.
+    auto crackShare = [](const std::string& file) {
+        const Loaded* s = load(file);
+        if (!s) {
+            return -1.0;
+        }
+        const auto head = std::span(s->x).subspan(0, std::min(s->x.size(), samples(0.5)));
+        Buffer high(head.begin(), head.end());
+        filter(high, Edge::Linear, {Biquad::highpass(2000), Biquad::highpass(2000)});
+        return rmsOf(high) / std::max(rmsOf(head), 1e-9);
+    };
+    for (int near : {201, 204, 208}) {
+        EXPECT_GT(crackShare("bin/" + std::to_string(near) + ".raz"), 0.2) << near;
+    }
+    for (int far : {203, 206, 210}) {
+        const std::string f = "bin/" + std::to_string(far) + ".raz";
+        EXPECT_LT(crackShare(f), 0.02) << far;
+        EXPECT_LT(centroidOf(f), 150.0) << far;
+    }
+}
+
+TEST(StockCharacter, GustsAndWavesSwellBeforeTheyPass) {
+    // The loudest moment of a gust or a wave comes after its start and well before its end.
+    for (int n = 212; n <= 228; ++n) {
+        const std::string f = "bin/" + std::to_string(n) + ".raz";
+        const Loaded* s = load(f);
+        ASSERT_NE(s, nullptr) << f;
+        const auto env = frameRms(s->x, samples(0.1));
+        const auto loudest =
+            static_cast<double>(std::max_element(env.begin(), env.end()) - env.begin());
+        const double at = loudest / static_cast<double>(env.size());
+        EXPECT_GT(at, 0.05) << f << " is loudest at its very start";
+        EXPECT_LT(at, 0.75) << f << " is still swelling at its end";
+    }
+}
+
+TEST(StockCharacter, AlarmChimeRisesNoteByNote) {
+    const Loaded* s = load("config/alarms/default.wav");
+    ASSERT_NE(s, nullptr);
+    double last = 0.0;
+    for (int note = 0; note < 4; ++note) {
+        const auto from = samples(0.02 + 0.32 * note);
+        const double c = spectralCentroid(std::span(s->x).subspan(from, samples(0.12)));
+        EXPECT_GT(c, last * 1.1) << "note " << note + 1 << " does not rise";
+        last = c;
     }
 }
 

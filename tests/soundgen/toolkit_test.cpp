@@ -222,6 +222,60 @@ TEST(Grains, PoissonCloudsHaveTheirRateAndFollowTheirDensity) {
     EXPECT_LT(peakOf(std::span(b).subspan(b.size() - 50)), 0.002);
 }
 
+TEST(Grains, RingSchedulesKeepEveryGapInRangeRoundTheWrap) {
+    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+        Rng rng(seed);
+        const std::size_t n = samples(33.0);
+        const auto times = ringSchedule(rng, n, 6.0, 12.0);
+        ASSERT_GE(times.size(), 3u);
+        ASSERT_TRUE(std::is_sorted(times.begin(), times.end()));
+        for (std::size_t i = 0; i < times.size(); ++i) {
+            const std::size_t next = i + 1 < times.size() ? times[i + 1] : times[0] + n;
+            const double gap = static_cast<double>(next - times[i]) / kRate;
+            EXPECT_GE(gap, 6.0 * 0.97) << "seed " << seed;
+            EXPECT_LE(gap, 12.0 * 1.03) << "seed " << seed;
+        }
+    }
+}
+
+TEST(Space, RoomTailDiesByItsDecayTime) {
+    Room room(1.0, 40.0, 8000.0);
+    Buffer out(samples(2.0), 0.0f);
+    process(out, Edge::Linear,
+            [&room](float, std::size_t i) { return room(i == 0 ? 1.0f : 0.0f); });
+    const double early = rmsOf(std::span(out).subspan(samples(0.1), samples(0.1)));
+    const double late = rmsOf(std::span(out).subspan(samples(1.1), samples(0.1)));
+    EXPECT_GT(early, 0.0);
+    EXPECT_NEAR(gainToDb(late / early), -60.0, 8.0);
+}
+
+TEST(Filters, SweepFollowsItsMovingFrequency) {
+    // A low-pass swept from 200 Hz up to 8 kHz lets a 4 kHz tone through only at the end.
+    Buffer x = tone(4000.0, 1.0);
+    Buffer hz(x.size());
+    for (std::size_t i = 0; i < hz.size(); ++i) {
+        hz[i] = static_cast<float>(
+            200.0 * std::pow(40.0, static_cast<double>(i) / static_cast<double>(hz.size())));
+    }
+    sweep(x, Edge::Linear, hz, 0.7, Pass::Low);
+    const double start = rmsOf(std::span(x).subspan(samples(0.05), samples(0.1)));
+    const double end = rmsOf(std::span(x).subspan(samples(0.88), samples(0.1)));
+    EXPECT_LT(gainToDb(start), -40.0);
+    EXPECT_GT(gainToDb(end / (1.0 / std::sqrt(2.0))), -1.5);
+}
+
+TEST(Finishing, LimiterTreatsARingAsARing) {
+    // A peak on the last sample lowers the gain of the first ones too, so the wrap stays smooth.
+    Buffer ring = tone(441.0, 1.0, 0.3);
+    ring.back() = 2.0f;
+    Buffer line = ring;
+    limitPeaks(ring, 0.8, Edge::Circular, samples(0.004));
+    limitPeaks(line, 0.8, Edge::Linear, samples(0.004));
+    EXPECT_LE(peakOf(ring), 0.8 + 1e-6);
+    EXPECT_LT(std::fabs(ring[10]), std::fabs(line[10]));
+    EXPECT_FLOAT_EQ(line[10], tone(441.0, 1.0, 0.3)[10]);
+}
+
 TEST(Finishing, LimiterTakesPeaksDownAndLeavesTheRestAlone) {
     Buffer b = tone(300, 1.0, 0.2);
     b[samples(0.5)] = 1.5f;
