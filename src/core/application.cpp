@@ -15,6 +15,7 @@ Application::Application(const Platform& platform)
       dialogs(platform.dialogs),
       settings(platform.settings),
       random(platform.random),
+      autostart(platform.autostart),
       STARTUP(*this),
       frmmain(*this),
       frmback(*this, backgroundBankConfig(BackgroundBankId::One)),
@@ -27,7 +28,8 @@ Application::Application(const Platform& platform)
       frmcustom(*this, randomBankConfig(kCustomRandomBankNumber)),
       Form3(*this, frmrandommain, "Randomize Settings", "Settings4"),
       Form33(*this, frmcustom, "Custom Randomize Settings", {}),
-      Frmsoundindent(*this) {}
+      Frmsoundindent(*this),
+      FRMOPTIONS(*this) {}
 
 Application::~Application() = default;
 
@@ -105,6 +107,7 @@ void Application::unloadPanels() {
     frmrandommain4.unload();
     frmcustom.unload();
     Frmsoundindent.unload();
+    FRMOPTIONS.unload();
     STARTUP.unload();
 }
 

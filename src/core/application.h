@@ -23,8 +23,10 @@
 #include "banks/random/randomize_settings.h"
 #include "core/frmmain.h"
 #include "core/mix_group.h"
+#include "core/options_panel.h"
 #include "core/platform.h"
 #include "core/startup_splash.h"
+#include "core/tips_panel.h"
 
 namespace brevane {
 
@@ -49,6 +51,7 @@ class Application {
     Dialogs& dialogs;
     SettingsStore& settings;
     brevane::Random& random;
+    AutostartEntry* const autostart;
 
     // Values the panels share.
     // Which random bank the console's "Random" button shows: 1 to 4, 5 the custom bank.
@@ -67,6 +70,20 @@ class Application {
     // built-in scheme's until another is applied.
     Colour SchemeButtonColour = 33023;
     Colour SchemeHighlightColour = 16744576;
+    // The session flags, kept in states.tmp in this order. RemoteShown: the compact
+    // remote stands in for the console. MainShown: the console has come to the front.
+    bool RemoteShown = false;
+    bool MainShown = false;
+    bool PanoramicShown = false;
+    bool SlideshowShown = false;
+    bool VisualFlag5 = false;
+    // "True" when the alarm was armed at the end of the last session.
+    std::string AlarmArmed;
+    // The scenario named on the status display and kept in the session files.
+    std::string CurrentScenarioName;
+    std::string LoadedScenarioName;
+    // The options' inactivity time, taken at start.
+    int InactivitySeconds = 0;
 
     // The panels. Constructors only wire handlers; each panel's load does its work.
     StartupSplash STARTUP;
@@ -83,6 +100,8 @@ class Application {
     RandomizeSettings Form3;
     RandomizeSettings Form33;
     IdentifyPanel Frmsoundindent;
+    OptionsPanel FRMOPTIONS;
+    TipsPanel Formtips;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();

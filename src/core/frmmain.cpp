@@ -1,6 +1,7 @@
 #include "core/frmmain.h"
 
-#include "base/comma_record.h"
+#include <filesystem>
+
 #include "base/dialogs.h"
 #include "base/file_io.h"
 #include "core/application.h"
@@ -8,7 +9,12 @@
 
 namespace brevane {
 
-Frmmain::Frmmain(Application& app) : TimerIntroVolFade(app.loop, kIntroFadeMs), app_(app) {
+Frmmain::Frmmain(Application& app)
+    : TimerIntroVolFade(app.loop, kIntroFadeMs),
+      Timer4(app.loop, kFirstRunMs),
+      Timershowoldform(app.loop, kShowOldFormMs),
+      Timer10(app.loop, kMinimizeMs),
+      app_(app) {
     window.setCaption("Brevane");
     for (MixGroup g : kMixGroups) {
         group(g).onChange = [this, g] { groupChanged(g); };
@@ -28,12 +34,18 @@ Frmmain::Frmmain(Application& app) : TimerIntroVolFade(app.loop, kIntroFadeMs), 
     masterStopButton.onClick = [this] { masterStop(); };
     QuitCommand.setCaption("Quit");
     QuitCommand.onClick = [this] {
-        // The "Confirm Exit Application" option, and its "Really Quit?" question, come
-        // first here once the options exist; a No ends the command.
+        if (app_.FRMOPTIONS.confirmExit.checked()) {
+            // The slideshow closes and the panoramic hides before the question, once
+            // they are in the program. A No leaves everything as it was.
+            if (!app_.dialogs.askYesNo(kReallyQuitText)) {
+                return;
+            }
+        }
         quitWithoutAsking();
     };
 
     TimerIntroVolFade.onTick = [this] { introFadeTick(); };
+    wireSession();
 }
 
 GroupSlider& Frmmain::group(MixGroup which) {
@@ -80,6 +92,7 @@ void Frmmain::load() {
     // 9. AppPath ends in a separator (AppPath::text() always does).
     // 10. The scenario list fills from config/scenarios.
     // 11. main.tmp: alarm state, previous scenario, the randomise panels' sliders.
+    readMainAtLoad();
 
     // The hidden panels come into being here, before the session of step 12 touches
     // them: each background bank sets its drift speeds, each random bank loads its
@@ -94,10 +107,12 @@ void Frmmain::load() {
     app_.Form3.load();
     app_.Form33.load();
     app_.Frmsoundindent.load();
+    app_.FRMOPTIONS.load();
 
     // 12. mainb.tmp: group sliders (Master stays low for the intro fade and its saved
     //     value becomes SavedMasterLevel), presets, colours, remote, bank states and
     //     their randomise timers.
+    readMainbAtLoad();
     // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour.
     // 14. The scenario preset list, the previous scenario on the status display,
     //     loadslidergrads.
@@ -122,9 +137,20 @@ void Frmmain::load() {
 
     // 21. The alarm is armed again if it was at the end of the last session.
     // 22. "Auto load previous scenario on startup": the restore command.
+    if (app_.FRMOPTIONS.previousScenario.checked()) {
+        restoreCommand.click();
+    }
     // 23. InactivitySeconds from the options.
+    app_.InactivitySeconds = app_.FRMOPTIONS.inactivitySeconds();
     // 24. "Minimize on startup": Timer10.
+    if (app_.FRMOPTIONS.startHidden.checked()) {
+        Timer10.setEnabled(true);
+    }
     // 25. First run (no main.tmp): Timer4, and doload with an empty name.
+    std::error_code ec;
+    if (!std::filesystem::exists(app_.appPath / "main.tmp", ec)) {
+        Timer4.setEnabled(true);
+    }
 }
 
 void Frmmain::readSoundCard() {
@@ -132,10 +158,9 @@ void Frmmain::readSoundCard() {
     if (!content) {
         return;
     }
-    RecordReader reader(*content);
-    const int index = reader.readLong();
-    if (reader.ok()) {
-        app_.SoundCardIndex = index;
+    const SessionRead<int> read = readSoundCardFile(*content);
+    if (read.has(1)) {
+        app_.SoundCardIndex = read.record;
     }
 }
 
@@ -213,12 +238,14 @@ void Frmmain::quitWithoutAsking() {
     app_.Frmsoundindent.window.hide();
 
     // 3. states.tmp: the five session flags.
+    writeSessionStates();
 
     // 4. The mouse pointer shows, the console's timers stop, the engine closes.
     TimerIntroVolFade.setEnabled(false);
     app_.engine.close();
 
     // 5. mainb.tmp, main.tmp, scard.tmp.
+    writeSessionFiles();
 
     // 6. Every panel unloads in turn, and the program ends.
     app_.unloadPanels();
@@ -227,6 +254,9 @@ void Frmmain::quitWithoutAsking() {
 
 void Frmmain::unload() {
     TimerIntroVolFade.setEnabled(false);
+    Timer4.setEnabled(false);
+    Timershowoldform.setEnabled(false);
+    Timer10.setEnabled(false);
 }
 
 }  // namespace brevane

@@ -9,6 +9,7 @@
 #include "base/controls.h"
 #include "base/event_loop.h"
 #include "core/mix_group.h"
+#include "core/session_files.h"
 
 namespace brevane {
 
@@ -20,6 +21,7 @@ class Frmmain {
     static constexpr const char* kEngineFailedText =
         "There was a problem initializing the sound engine. Please restart the application. "
         "If the problem persists, please contact support.";
+    static constexpr const char* kReallyQuitText = "Really Quit?";
 
     explicit Frmmain(Application& app);
 
@@ -56,6 +58,24 @@ class Frmmain {
     // Raises Master one step a tick up to SavedMasterLevel, then stops itself.
     Timer TimerIntroVolFade;
 
+    // ---- The session (frmmain_session.cpp) ----
+    static constexpr int kFirstRunMs = 2000;
+    static constexpr int kShowOldFormMs = 200;
+    static constexpr int kMinimizeMs = 100;
+    static constexpr const char* kFirstRunScenario = "Summer Storm";
+    // The hidden restore command: every bank's session copy, then recallprevious.
+    CommandButton restoreCommand;
+    // First run: one shot after the load, shows the tips.
+    Timer Timer4;
+    // One shot after recallprevious: brings back the remote view, or the console.
+    Timer Timershowoldform;
+    // "Minimize on startup": one shot, hides the console and the remote.
+    Timer Timer10;
+    // The session's values whose panels are not in the program yet.
+    SessionCarry carry;
+    // Restores the visible panels from states.tmp and main.tmp.
+    void recallprevious();
+
     GroupSlider& group(MixGroup which);
 
     // The console's load: the whole of start-up after the splash, step by step.
@@ -72,6 +92,21 @@ class Frmmain {
     void unload();
 
   private:
+    // The session (frmmain_session.cpp).
+    void wireSession();
+    void readMainAtLoad();
+    void readMainbAtLoad();
+    void restorePreviousSession();
+    void firstRunTick();
+    void showOldFormTick();
+    void minimizeTick();
+    void trackMainShown();
+    void writeSessionStates();
+    void writeSessionFiles();
+    MainRecord mainRecord() const;
+    MainbRecord mainbRecord() const;
+    bool shownBefore_ = false;
+
     void groupChanged(MixGroup which);
     void introFadeTick();
     void readSoundCard();

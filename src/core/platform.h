@@ -17,6 +17,7 @@ class EventLoop;
 class Dialogs;
 class SettingsStore;
 class Random;
+class AutostartEntry;
 
 struct Platform {
     AppPath appPath;
@@ -25,6 +26,9 @@ struct Platform {
     Dialogs& dialogs;
     SettingsStore& settings;
     Random& random;
+    // The desktop's autostart entry for "Launch program automatically on boot"; none
+    // keeps the setting without making an entry.
+    AutostartEntry* autostart = nullptr;
 };
 
 }  // namespace brevane

@@ -1,0 +1,367 @@
+// The console's session: the files it reads at start and writes at quit, the restore
+// of the previous session, and the first run.
+
+#include <filesystem>
+#include <string_view>
+
+#include "base/comma_record.h"
+#include "base/file_io.h"
+#include "core/application.h"
+#include "core/frmmain.h"
+#include "engine/sound_engine.h"
+
+namespace brevane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kMainFile = "main.tmp";
+constexpr const char* kMainbFile = "mainb.tmp";
+constexpr const char* kStatesFile = "states.tmp";
+constexpr const char* kSoundCardFile = "scard.tmp";
+// The console's load reads the first four fields of main.tmp, recallprevious seven.
+constexpr int kMainFieldsAtLoad = 4;
+constexpr int kMainFieldsRecalled = 7;
+
+std::string withForward(std::string_view text) {
+    std::string out(text);
+    for (char& c : out) {
+        if (c == '\\') {
+            c = '/';
+        }
+    }
+    return out;
+}
+
+// `label` without the tree folder `folder` ("visual/slideshow") in front, in either
+// separator, as the labels show a folder's own name.
+std::string withoutTreeFolder(const std::string& label, const AppPath& appPath,
+                              std::string_view folder) {
+    const std::string prefix = withForward(appPath.text()) + std::string(folder) + "/";
+    const std::string forward = withForward(label);
+    if (forward.size() >= prefix.size() && forward.compare(0, prefix.size(), prefix) == 0) {
+        return label.substr(prefix.size());
+    }
+    return label;
+}
+
+// A scheme colour as a number the panels paint with; nothing for another text.
+std::optional<Colour> colourNumber(const std::string& text) {
+    const std::optional<int> n = wholeNumberText(text);
+    if (!n || *n < 0) {
+        return std::nullopt;
+    }
+    return static_cast<Colour>(*n);
+}
+
+}  // namespace
+
+void Frmmain::wireSession() {
+    restoreCommand.setVisible(false);
+    restoreCommand.onClick = [this] { restorePreviousSession(); };
+    Timer4.onTick = [this] { firstRunTick(); };
+    Timershowoldform.onTick = [this] { showOldFormTick(); };
+    Timer10.onTick = [this] { minimizeTick(); };
+    // The console coming to the front: it is the interface now, not the remote.
+    window.watch([this] { trackMainShown(); });
+}
+
+void Frmmain::trackMainShown() {
+    const bool shown = window.visible();
+    if (shown && !shownBefore_) {
+        app_.MainShown = true;
+        app_.RemoteShown = false;
+    }
+    shownBefore_ = shown;
+}
+
+// ---- start ----
+
+void Frmmain::readMainAtLoad() {
+    const auto content = readWholeFile(app_.appPath / kMainFile);
+    if (!content) {
+        return;
+    }
+    const SessionRead<MainRecord> read = readMainFile(*content, kMainFieldsAtLoad);
+    const MainRecord& r = read.record;
+    if (read.has(1)) {
+        app_.AlarmArmed = r.alarmState;
+    }
+    if (read.has(2)) {
+        app_.CurrentScenarioName = r.scenarioName;
+    }
+    if (read.has(3)) {
+        app_.Form3.threshold.setValue(r.form3Randomise);
+    }
+    if (read.has(4)) {
+        app_.Form33.threshold.setValue(r.form33Randomise);
+    }
+}
+
+void Frmmain::readMainbAtLoad() {
+    const auto content = readWholeFile(app_.appPath / kMainbFile);
+    if (!content) {
+        return;
+    }
+    const SessionRead<MainbRecord> read = readMainbFile(*content);
+    const MainbRecord& r = read.record;
+
+    // Master stays low for the intro fade, which rises to the saved level.
+    if (read.has(1)) {
+        app_.SavedMasterLevel = r.groups[0];
+    }
+    GroupSlider* const groups[] = {&Master, &Background, &Random, &MP3, &CD};
+    for (int g = 1; g < 5; ++g) {
+        if (read.has(g + 1)) {
+            groups[g]->setValue(r.groups[static_cast<std::size_t>(g)]);
+        }
+    }
+    for (int p = 0; p < 12; ++p) {
+        if (read.has(6 + p)) {
+            carry.PresetCaption[static_cast<std::size_t>(p)] =
+                r.presetCaptions[static_cast<std::size_t>(p)];
+        }
+    }
+    for (int c = 0; c < kSchemeColours; ++c) {
+        if (read.has(18 + c)) {
+            carry.colours[static_cast<std::size_t>(c)] = r.colours[static_cast<std::size_t>(c)];
+        }
+    }
+    // The panels paint from the scheme's button and highlight colours.
+    const auto schemeColour = [&](SchemeColour which) {
+        return colourNumber(carry.colours[static_cast<std::size_t>(which)]);
+    };
+    if (const auto button = schemeColour(SchemeColour::Button)) {
+        app_.SchemeButtonColour = *button;
+    }
+    if (const auto highlight = schemeColour(SchemeColour::Highlight)) {
+        app_.SchemeHighlightColour = *highlight;
+    }
+    for (int f = 0; f < 4; ++f) {
+        if (read.has(28 + f)) {
+            carry.hiddenConsoleFields[static_cast<std::size_t>(f)] =
+                r.hiddenConsoleFields[static_cast<std::size_t>(f)];
+        }
+    }
+    if (read.has(32)) {
+        carry.remoteFolder = r.remoteFolder;
+    }
+    if (read.has(33)) {
+        carry.remoteCaption = r.remoteCaption;
+    }
+    if (read.has(34)) {
+        carry.slideshowLabel = r.slideshowLabel;
+    }
+    // The Auto states: the custom bank's own, and one for all four fixed banks. A bank
+    // whose saved state is on starts its repeat at its settings panel's period; of the
+    // fixed banks only the first does, as it always has.
+    if (read.has(35)) {
+        app_.frmcustom.setAutoChecked(r.customRandomAuto);
+        if (r.customRandomAuto) {
+            app_.frmcustom.timerautorandom.setInterval(app_.Form33.autoIntervalMs());
+            app_.frmcustom.timerautorandom.setEnabled(true);
+        }
+    }
+    if (read.has(36)) {
+        for (RandomBank* bank : app_.randomBanks()) {
+            bank->setAutoChecked(r.randomAuto);
+        }
+        if (r.randomAuto) {
+            app_.frmrandommain.timerautorandom.setInterval(app_.Form3.autoIntervalMs());
+            app_.frmrandommain.timerautorandom.setEnabled(true);
+        }
+    }
+    // Field 37 holds preset 12's caption, but is read as the sound card: a number that
+    // names a device of the list is kept for the next start (the engine is open by
+    // now); a caption leaves the card as it is.
+    if (read.has(37)) {
+        const std::optional<int> card = wholeNumberText(r.field37);
+        if (card && *card >= 0 && *card < app_.engine.driverCount()) {
+            app_.SoundCardIndex = *card;
+        }
+    }
+    for (int p = 12; p < 14; ++p) {
+        if (read.has(26 + p)) {
+            carry.PresetCaption[static_cast<std::size_t>(p)] =
+                r.presetCaptions[static_cast<std::size_t>(p)];
+        }
+    }
+    // Field 40, the scenario's name, was read from main.tmp already; 42, the remote's
+    // caption again, is the same as 33.
+    if (read.has(41)) {
+        carry.PresetListName = r.presetListName;
+    }
+    if (read.has(43)) {
+        carry.schedulerCaption = r.schedulerCaption;
+    }
+    for (int i = 0; i < 2; ++i) {
+        const auto u = static_cast<std::size_t>(i);
+        if (read.has(44 + i)) {
+            carry.remoteTexts[u] = r.remoteTexts[u];
+        }
+        if (read.has(46 + i)) {
+            carry.remoteOptions[u] = r.remoteOptions[u];
+        }
+        if (read.has(48 + i)) {
+            carry.remoteScrolls[u] = r.remoteScrolls[u];
+        }
+    }
+    if (read.has(50)) {
+        carry.brainwaveList = r.brainwaveList;
+    }
+}
+
+// ---- the restore command and recallprevious ----
+
+void Frmmain::restorePreviousSession() {
+    // Each bank takes its copy through its own load entry, in this order. A copy that
+    // is not there is passed over: that bank keeps its start-up state.
+    const auto restore = [](auto& bank) {
+        const fs::path copy = bank.sessionPath();
+        std::error_code ec;
+        if (fs::is_regular_file(copy, ec)) {
+            bank.doload(copy);
+        }
+    };
+    restore(app_.frmback);
+    restore(app_.frmrandommain);
+    restore(app_.frmrandommain2);
+    restore(app_.frmrandommain3);
+    restore(app_.frmrandommain4);
+    restore(app_.frmback2);
+    restore(app_.frmbackcustom);
+    restore(app_.frmcustom);
+    recallprevious();
+}
+
+void Frmmain::recallprevious() {
+    const auto states = readWholeFile(app_.appPath / kStatesFile);
+    if (!states) {
+        return;
+    }
+    const SessionRead<StatesRecord> flags = readStatesFile(*states);
+    bool* const targets[] = {&app_.RemoteShown, &app_.MainShown, &app_.PanoramicShown,
+                             &app_.SlideshowShown, &app_.VisualFlag5};
+    const bool values[] = {flags.record.RemoteShown, flags.record.MainShown,
+                           flags.record.PanoramicShown, flags.record.SlideshowShown,
+                           flags.record.VisualFlag5};
+    for (int f = 0; f < StatesRecord::kFields; ++f) {
+        if (flags.has(f + 1)) {
+            *targets[f] = values[f];
+        }
+    }
+
+    const auto main = readWholeFile(app_.appPath / kMainFile);
+    const SessionRead<MainRecord> read =
+        main ? readMainFile(*main, kMainFieldsRecalled) : SessionRead<MainRecord>{};
+    const MainRecord& r = read.record;
+    // Fields 1, 3 and 4 were applied by the load; the labels show the folders by their own names.
+    // The remote's folder controls point at the slideshow folder once the remote is in the program.
+    if (read.has(5)) {
+        carry.slideshowLabel =
+            withoutTreeFolder(r.slideshowLabel, app_.appPath, "visual/slideshow");
+    }
+    if (read.has(6)) {
+        carry.panoramicLabel =
+            withoutTreeFolder(r.panoramicLabel, app_.appPath, "visual/panoramics");
+    }
+    if (read.has(7)) {
+        carry.colourSchemeName = r.colourSchemeName;
+    }
+    // The previous scenario comes back on the status display.
+    if (read.has(2)) {
+        app_.CurrentScenarioName = r.scenarioName;
+    }
+    Timershowoldform.setEnabled(true);
+
+    // The panoramic and the slideshow start here, by PanoramicShown and
+    // SlideshowShown, once the visuals are in the program; the remote shows by
+    // RemoteShown.
+    if (app_.MainShown) {
+        window.show();
+    } else {
+        window.hide();
+    }
+}
+
+void Frmmain::showOldFormTick() {
+    Timershowoldform.setEnabled(false);
+    // The remote comes back here when RemoteShown, once it is in the program; the
+    // console when it was the interface.
+    if (!app_.RemoteShown && app_.MainShown) {
+        window.show();
+    }
+}
+
+// ---- first run and minimize ----
+
+void Frmmain::firstRunTick() {
+    Timer4.setEnabled(false);
+    app_.Formtips.show();
+    app_.FRMOPTIONS.previousScenario.setChecked(true);
+    app_.CurrentScenarioName = kFirstRunScenario;
+}
+
+void Frmmain::minimizeTick() {
+    Timer10.setEnabled(false);
+    // The remote hides here too once it is in the program.
+    window.hide();
+}
+
+// ---- quit ----
+
+MainRecord Frmmain::mainRecord() const {
+    MainRecord r;
+    r.alarmState = app_.AlarmArmed == "True" ? "True" : "False";
+    r.scenarioName = app_.CurrentScenarioName;
+    r.form3Randomise = app_.Form3.threshold.value();
+    r.form33Randomise = app_.Form33.threshold.value();
+    r.slideshowLabel = carry.slideshowLabel;
+    r.panoramicLabel = carry.panoramicLabel;
+    r.colourSchemeName = carry.colourSchemeName;
+    r.soundCardIndex = app_.SoundCardIndex;
+    return r;
+}
+
+MainbRecord Frmmain::mainbRecord() const {
+    MainbRecord r;
+    r.groups = {Master.value(), Background.value(), Random.value(), MP3.value(), CD.value()};
+    r.presetCaptions = carry.PresetCaption;
+    r.colours = carry.colours;
+    r.hiddenConsoleFields = carry.hiddenConsoleFields;
+    r.remoteFolder = carry.remoteFolder;
+    r.remoteCaption = carry.remoteCaption;
+    r.slideshowLabel = carry.slideshowLabel;
+    r.customRandomAuto = app_.frmcustom.autoButton.value();
+    r.randomAuto = app_.frmrandommain.autoButton.value();
+    r.scenarioName = app_.CurrentScenarioName;
+    r.presetListName = carry.PresetListName;
+    r.remoteCaptionAgain = carry.remoteCaption;
+    r.schedulerCaption = carry.schedulerCaption;
+    r.remoteTexts = carry.remoteTexts;
+    r.remoteOptions = carry.remoteOptions;
+    r.remoteScrolls = carry.remoteScrolls;
+    r.brainwaveList = carry.brainwaveList;
+    return r;
+}
+
+void Frmmain::writeSessionStates() {
+    StatesRecord r;
+    r.RemoteShown = app_.RemoteShown;
+    r.MainShown = app_.MainShown;
+    r.PanoramicShown = app_.PanoramicShown;
+    r.SlideshowShown = app_.SlideshowShown;
+    r.VisualFlag5 = app_.VisualFlag5;
+    writeFileAtomically(app_.appPath / kStatesFile, writeStatesFile(r));
+}
+
+void Frmmain::writeSessionFiles() {
+    // Each file is replaced whole or not at all; one that cannot be written leaves the
+    // last session's copy and the others are still written.
+    writeFileAtomically(app_.appPath / kMainbFile, writeMainbFile(mainbRecord()));
+    writeFileAtomically(app_.appPath / kMainFile, writeMainFile(mainRecord()));
+    writeFileAtomically(app_.appPath / kSoundCardFile, writeSoundCardFile(app_.SoundCardIndex));
+}
+
+}  // namespace brevane

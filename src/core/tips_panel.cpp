@@ -1,0 +1,28 @@
+#include "core/tips_panel.h"
+
+#include <string>
+
+namespace brevane {
+
+TipsPanel::TipsPanel() {
+    window.setCaption("Tips");
+    nextButton.setCaption("Next Tip");
+    nextButton.onClick = [this] { showTip((tip_ + 1) % static_cast<int>(kTips.size())); };
+    closeButton.setCaption("Close");
+    closeButton.onClick = [this] { window.hide(); };
+    showTip(0);
+}
+
+void TipsPanel::show() {
+    showTip(0);
+    window.show();
+}
+
+void TipsPanel::showTip(int index) {
+    tip_ = index;
+    tipText.setCaption(kTips[static_cast<std::size_t>(index)]);
+    tipNumber.setCaption("Tip " + std::to_string(index + 1) + " of " +
+                         std::to_string(kTips.size()));
+}
+
+}  // namespace brevane

@@ -1,0 +1,155 @@
+// The console's session files as text: every field in its place and form, and reads
+// that go as far as a damaged file allows.
+
+#include "core/session_files.h"
+
+#include <gtest/gtest.h>
+
+namespace brevane {
+namespace {
+
+MainbRecord sampleMainb() {
+    MainbRecord r;
+    r.groups = {40, 3, 5, 3100, 7};
+    for (int p = 0; p < MainbRecord::kPresets; ++p) {
+        r.presetCaptions[static_cast<std::size_t>(p)] = "P" + std::to_string(p);
+    }
+    for (int c = 0; c < kSchemeColours; ++c) {
+        r.colours[static_cast<std::size_t>(c)] = std::to_string(100 + c);
+    }
+    r.hiddenConsoleFields = {"h1", "h2", "", "h4"};
+    r.remoteFolder = "Default";
+    r.remoteCaption = "Scenario: Rain";
+    r.slideshowLabel = "Beach";
+    r.customRandomAuto = true;
+    r.randomAuto = false;
+    r.field37 = "ignored by the writer";
+    r.scenarioName = "Rain";
+    r.presetListName = "Evenings";
+    r.remoteCaptionAgain = "Scenario: Rain again";
+    r.schedulerCaption = "Sched";
+    r.remoteTexts = {"t1", "t2"};
+    r.remoteOptions = {false, true};
+    r.remoteScrolls = {12, -3};
+    r.brainwaveList = "Alpha";
+    return r;
+}
+
+TEST(SessionFiles, MainbHoldsFiftyFieldsWithPresetTwelveTwice) {
+    const std::string expected =
+        "40,3,5,3100,7,"
+        "\"P0\",\"P1\",\"P2\",\"P3\",\"P4\",\"P5\",\"P6\",\"P7\",\"P8\",\"P9\",\"P10\",\"P11\","
+        "\"100\",\"101\",\"102\",\"103\",\"104\",\"105\",\"106\",\"107\",\"108\",\"109\","
+        "\"h1\",\"h2\",\"\",\"h4\","
+        "\"Default\",\"Scenario: Rain\",\"Beach\","
+        "#TRUE#,#FALSE#,"
+        "\"P12\",\"P12\",\"P13\","
+        "\"Rain\",\"Evenings\",\"Scenario: Rain again\",\"Sched\","
+        "\"t1\",\"t2\",#FALSE#,#TRUE#,12,-3,\"Alpha\"\r\n";
+    EXPECT_EQ(writeMainbFile(sampleMainb()), expected);
+}
+
+TEST(SessionFiles, MainbReadsField37AsTextAndPresetTwelveFrom38) {
+    MainbRecord written = sampleMainb();
+    std::string text = writeMainbFile(written);
+    // A file from a session whose 37th field differs from the 38th.
+    const std::string twice = "\"P12\",\"P12\"";
+    text.replace(text.find(twice), twice.size(), "\"2\",\"P12\"");
+
+    const SessionRead<MainbRecord> read = readMainbFile(text);
+    EXPECT_EQ(read.fields, 50);
+    EXPECT_EQ(read.record.field37, "2");
+    EXPECT_EQ(read.record.presetCaptions, written.presetCaptions);
+    EXPECT_EQ(read.record.groups, written.groups);
+    EXPECT_EQ(read.record.colours, written.colours);
+    EXPECT_EQ(read.record.remoteCaptionAgain, "Scenario: Rain again");
+    EXPECT_TRUE(read.record.customRandomAuto);
+    EXPECT_FALSE(read.record.randomAuto);
+    EXPECT_EQ(read.record.remoteOptions, (std::array<bool, 2>{false, true}));
+    EXPECT_EQ(read.record.remoteScrolls, (std::array<int, 2>{12, -3}));
+    EXPECT_EQ(read.record.brainwaveList, "Alpha");
+}
+
+TEST(SessionFiles, MainHoldsEightFieldsAndTheLoadReadsFour) {
+    MainRecord r;
+    r.alarmState = "True";
+    r.scenarioName = "Summer Storm";
+    r.form3Randomise = 120;
+    r.form33Randomise = 80;
+    r.slideshowLabel = "Default";
+    r.panoramicLabel = "Alps";
+    r.colourSchemeName = "Dusk";
+    r.soundCardIndex = 2;
+    const std::string text = writeMainFile(r);
+    EXPECT_EQ(text, "\"True\",\"Summer Storm\",120,80,\"Default\",\"Alps\",\"Dusk\",2\r\n");
+
+    const SessionRead<MainRecord> four = readMainFile(text, 4);
+    EXPECT_EQ(four.fields, 4);
+    EXPECT_EQ(four.record.form33Randomise, 80);
+    EXPECT_EQ(four.record.slideshowLabel, "");  // not read
+    const SessionRead<MainRecord> seven = readMainFile(text, 7);
+    EXPECT_EQ(seven.fields, 7);
+    EXPECT_EQ(seven.record.colourSchemeName, "Dusk");
+    EXPECT_EQ(seven.record.soundCardIndex, 0);
+    EXPECT_EQ(readMainFile(text).record.soundCardIndex, 2);
+}
+
+TEST(SessionFiles, StatesAndSoundCardFiles) {
+    StatesRecord s;
+    s.MainShown = true;
+    s.SlideshowShown = true;
+    const std::string text = writeStatesFile(s);
+    EXPECT_EQ(text, "#FALSE#,#TRUE#,#FALSE#,#TRUE#,#FALSE#\r\n");
+    const SessionRead<StatesRecord> read = readStatesFile(text);
+    EXPECT_EQ(read.fields, 5);
+    EXPECT_TRUE(read.record.MainShown);
+    EXPECT_TRUE(read.record.SlideshowShown);
+    EXPECT_FALSE(read.record.RemoteShown);
+
+    EXPECT_EQ(writeSoundCardFile(3), "3\r\n");
+    EXPECT_EQ(readSoundCardFile("3\r\n").record, 3);
+    EXPECT_FALSE(readSoundCardFile("").has(1));
+    EXPECT_FALSE(readSoundCardFile("\"three\"").has(1));
+}
+
+TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
+    // A number that is not one, at field 3: fields 1 and 2 came through, nothing after.
+    const SessionRead<MainbRecord> bad = readMainbFile("40,3,\"loud\",3100,7\r\n");
+    EXPECT_EQ(bad.fields, 2);
+    EXPECT_TRUE(bad.has(2));
+    EXPECT_FALSE(bad.has(3));
+    EXPECT_EQ(bad.record.groups, (std::array<int, 5>{40, 3, 0, 0, 0}));
+
+    // Cut off inside a text: the quote never closes.
+    std::string text = writeMainbFile(sampleMainb());
+    const std::size_t cut = text.find("\"Beach\"") + 3;
+    const SessionRead<MainbRecord> cutOff = readMainbFile(text.substr(0, cut));
+    EXPECT_EQ(cutOff.fields, 33);
+    EXPECT_EQ(cutOff.record.remoteCaption, "Scenario: Rain");
+    EXPECT_EQ(cutOff.record.slideshowLabel, "");
+
+    // The end of the file after field 5: the rest keeps the record's own values.
+    const SessionRead<StatesRecord> states = readStatesFile("#TRUE#,#TRUE#");
+    EXPECT_EQ(states.fields, 2);
+    EXPECT_FALSE(states.record.PanoramicShown);
+
+    // Binary rubbish is text to the reader, never a crash.
+    const std::string rubbish("\x01\xff,\"\x00\x02", 6);
+    const SessionRead<MainRecord> main = readMainFile(rubbish);
+    EXPECT_EQ(main.fields, 1);
+    EXPECT_FALSE(readMainFile("").has(1));
+}
+
+TEST(SessionFiles, WholeNumberTextTakesOnlyAWholeNumber) {
+    EXPECT_EQ(wholeNumberText("2"), 2);
+    EXPECT_EQ(wholeNumberText(" 17 "), 17);
+    EXPECT_EQ(wholeNumberText("-1"), -1);
+    EXPECT_EQ(wholeNumberText("Currently Unassigned"), std::nullopt);
+    EXPECT_EQ(wholeNumberText("3 Forest"), std::nullopt);
+    EXPECT_EQ(wholeNumberText("2.5"), std::nullopt);
+    EXPECT_EQ(wholeNumberText(""), std::nullopt);
+    EXPECT_EQ(wholeNumberText("99999999999"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace brevane

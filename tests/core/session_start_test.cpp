@@ -1,0 +1,372 @@
+// Start-up with the session files missing, damaged or partial; the first run; the
+// restore command and recallprevious; the quit's question and what it writes.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "base/temp_tree.h"
+#include "core/application.h"
+#include "core/session_files.h"
+#include "core/session_run.h"
+
+namespace brevane {
+namespace {
+
+namespace fs = std::filesystem;
+using test::fileText;
+using test::putFile;
+using test::SessionRun;
+using Op = RecordingEngine::Op;
+
+class SessionStart : public ::testing::Test {
+  protected:
+    void SetUp() override { fs::create_directories(tree.root() / "bin"); }
+    fs::path at(const std::string& name) const { return tree.root() / name; }
+    void put(const std::string& name, const std::string& content) { putFile(at(name), content); }
+
+    std::vector<std::string> files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(tree.root())) {
+            if (entry.is_regular_file()) {
+                names.push_back(entry.path().filename().string());
+            }
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    TempTree tree;
+};
+
+TEST_F(SessionStart, FirstRunShowsTheTipsAfterTwoSecondsAndTurnsTheRestoreOn) {
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_EQ(run.engine.callsOf(Op::Start).at(0).a, 0);
+    EXPECT_TRUE(app.frmmain.Timer4.enabled());
+    EXPECT_FALSE(app.FRMOPTIONS.previousScenario.checked());
+
+    run.loop.advance(Frmmain::kFirstRunMs - 1);
+    EXPECT_FALSE(app.Formtips.window.visible());
+    run.loop.advance(1);
+    EXPECT_TRUE(app.Formtips.window.visible());
+    EXPECT_EQ(app.Formtips.tipIndex(), 0);
+    EXPECT_TRUE(app.FRMOPTIONS.previousScenario.checked());
+    EXPECT_EQ(app.CurrentScenarioName, "Summer Storm");
+    EXPECT_FALSE(app.frmmain.Timer4.enabled());
+
+    // Once only.
+    app.Formtips.closeButton.click();
+    run.loop.advance(10 * Frmmain::kFirstRunMs);
+    EXPECT_FALSE(app.Formtips.window.visible());
+    EXPECT_TRUE(run.dialogs.shown().empty());
+}
+
+TEST_F(SessionStart, NoFirstRunOnceMainTmpExistsEvenDamaged) {
+    put("main.tmp", "\"unclosed");
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    run.loop.advance(3 * Frmmain::kFirstRunMs);
+    EXPECT_FALSE(app.Formtips.window.visible());
+    EXPECT_FALSE(app.FRMOPTIONS.previousScenario.checked());
+    EXPECT_EQ(app.CurrentScenarioName, "");
+}
+
+TEST_F(SessionStart, MissingFilesLeaveTheBuiltInValues) {
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_EQ(app.SavedMasterLevel, 0);
+    EXPECT_EQ(app.frmmain.Master.value(), 2);
+    EXPECT_EQ(app.frmmain.Background.value(), 1);
+    EXPECT_EQ(app.frmmain.MP3.value(), 2500);
+    EXPECT_EQ(app.frmmain.carry.PresetCaption[7], "Currently Unassigned");
+    EXPECT_EQ(app.SchemeButtonColour, 33023u);
+    EXPECT_EQ(app.Form3.threshold.value(), 0);
+    EXPECT_TRUE(app.MainShown);
+    EXPECT_FALSE(app.RemoteShown);
+    EXPECT_EQ(app.InactivitySeconds, 60);
+    EXPECT_TRUE(run.dialogs.shown().empty());
+}
+
+TEST_F(SessionStart, TheLoadAppliesMainTmpsFirstFourFieldsOnly) {
+    put("main.tmp", "\"True\",\"Rainforest\",130,70,\"Beach\",\"Alps\",\"Dusk\",1\r\n");
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_EQ(app.AlarmArmed, "True");
+    EXPECT_EQ(app.CurrentScenarioName, "Rainforest");
+    EXPECT_EQ(app.Form3.threshold.value(), 130);
+    EXPECT_EQ(app.Form33.threshold.value(), 70);
+    // The labels wait for recallprevious; the device comes from scard.tmp alone.
+    EXPECT_EQ(app.frmmain.carry.slideshowLabel, "");
+    EXPECT_EQ(app.SoundCardIndex, 0);
+}
+
+TEST_F(SessionStart, MainbSetsTheGroupsButLeavesMasterLowForTheFade) {
+    MainbRecord r;
+    r.groups = {12, 6, 7, 4000, 9};
+    r.presetCaptions.fill("Currently Unassigned");
+    r.presetCaptions[3] = "Harbour";
+    r.presetCaptions[13] = "Storm";
+    r.colours = {"1", "2", "255", "65280", "5", "6", "7", "8", "9", "10"};
+    r.customRandomAuto = true;
+    r.presetListName = "Evenings";
+    r.brainwaveList = "Theta";
+    put("mainb.tmp", writeMainbFile(r));
+
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_EQ(app.frmmain.Master.value(), 2);
+    EXPECT_EQ(app.SavedMasterLevel, 12);
+    EXPECT_EQ(app.frmmain.Background.value(), 6);
+    EXPECT_EQ(app.frmmain.Random.value(), 7);
+    EXPECT_EQ(app.frmmain.MP3.value(), 4000);
+    EXPECT_EQ(app.frmmain.CD.value(), 9);
+    // Every panel's copy follows.
+    EXPECT_EQ(app.frmback2.maxvol.value(), 6);
+    EXPECT_EQ(app.frmrandommain3.maxvol.value(), 7);
+    EXPECT_EQ(app.frmrandommain3.MP3.value(), 4000);
+    EXPECT_EQ(app.frmmain.carry.PresetCaption[3], "Harbour");
+    EXPECT_EQ(app.frmmain.carry.PresetCaption[13], "Storm");
+    EXPECT_EQ(app.frmmain.carry.PresetListName, "Evenings");
+    EXPECT_EQ(app.frmmain.carry.brainwaveList, "Theta");
+    EXPECT_EQ(app.SchemeButtonColour, 255u);
+    EXPECT_EQ(app.SchemeHighlightColour, 65280u);
+    // The custom bank's Auto state, and its repeat started; the fixed banks' stay off.
+    EXPECT_TRUE(app.frmcustom.autoButton.value());
+    EXPECT_TRUE(app.frmcustom.timerautorandom.enabled());
+    EXPECT_FALSE(app.frmrandommain.autoButton.value());
+    EXPECT_FALSE(app.frmrandommain.timerautorandom.enabled());
+
+    run.loop.advance(9 * Frmmain::kIntroFadeMs);
+    EXPECT_EQ(app.frmmain.Master.value(), 11);
+    run.loop.advance(Frmmain::kIntroFadeMs);
+    EXPECT_EQ(app.frmmain.Master.value(), 12);
+    run.loop.advance(10 * Frmmain::kIntroFadeMs);
+    EXPECT_EQ(app.frmmain.Master.value(), 12);
+}
+
+TEST_F(SessionStart, MainbField37IsTheSoundCardOnlyWhenItNamesADevice) {
+    const auto start = [&](const std::string& field37) {
+        MainbRecord r;
+        std::string text = writeMainbFile(r);
+        // Fields 37 and 38 stand after the two truth values of 35 and 36.
+        const std::string twice = "#FALSE#,#FALSE#,\"\",\"\"";
+        const std::size_t at37 = text.find(twice);
+        EXPECT_NE(at37, std::string::npos);
+        text.replace(at37, twice.size(), "#FALSE#,#FALSE#,\"" + field37 + "\",\"Woods\"");
+        put("mainb.tmp", text);
+        put("scard.tmp", "1\r\n");
+        auto run = std::make_unique<SessionRun>(tree.root());
+        run->startAndLoad();
+        return run;
+    };
+    {
+        auto run = start("2");
+        EXPECT_EQ(run->app->SoundCardIndex, 2);
+        // The engine opened before: on scard.tmp's device.
+        EXPECT_EQ(run->engine.callsOf(Op::Start).at(0).a, 1);
+        EXPECT_EQ(run->app->frmmain.carry.PresetCaption[12], "Woods");
+        run->app->frmmain.quitWithoutAsking();
+        EXPECT_EQ(fileText(at("scard.tmp")), "2\r\n");
+    }
+    for (const char* notADevice : {"Currently Unassigned", "7", "-1", ""}) {
+        auto run = start(notADevice);
+        EXPECT_EQ(run->app->SoundCardIndex, 1) << notADevice;
+        EXPECT_EQ(run->app->frmmain.carry.PresetCaption[12], "Woods");
+    }
+}
+
+TEST_F(SessionStart, ADamagedMainbAppliesWhatItHoldsAndLosesNoOtherFile) {
+    put("main.tmp", "\"False\",\"Meadow\",5,6,\"\",\"\",\"\",0\r\n");
+    put("states.tmp", "#FALSE#,#TRUE#,#FALSE#,#FALSE#,#FALSE#\r\n");
+    put("opti.tmp", "1,1,0,1,0,\"90\",1,0,0\r\n");
+    // Background and Random read; MP3 is not a number, so nothing from there on.
+    put("mainb.tmp", "30,8,9,\"loud\",4,\"Harbour\"\r\n");
+    const auto before = files();
+
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_EQ(app.SavedMasterLevel, 30);
+    EXPECT_EQ(app.frmmain.Background.value(), 8);
+    EXPECT_EQ(app.frmmain.Random.value(), 9);
+    EXPECT_EQ(app.frmmain.MP3.value(), 2500);
+    EXPECT_EQ(app.frmmain.CD.value(), 0);
+    EXPECT_EQ(app.frmmain.carry.PresetCaption[0], "Currently Unassigned");
+    EXPECT_EQ(app.CurrentScenarioName, "Meadow");
+    EXPECT_EQ(app.InactivitySeconds, 90);
+    EXPECT_TRUE(run.dialogs.shown().empty());
+    // Reading touched nothing on disk.
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(fileText(at("mainb.tmp")), "30,8,9,\"loud\",4,\"Harbour\"\r\n");
+
+    // The quit writes a whole mainb.tmp again from what stands.
+    app.frmmain.quitWithoutAsking();
+    const SessionRead<MainbRecord> back = readMainbFile(fileText(at("mainb.tmp")));
+    EXPECT_EQ(back.fields, MainbRecord::kFields);
+    EXPECT_EQ(back.record.groups, (std::array<int, 5>{2, 8, 9, 2500, 0}));
+}
+
+TEST_F(SessionStart, DamagedFilesOfEveryKindNeverStopTheStart) {
+    const std::string rubbish("\"\x01,,\r\n\xff\xfe#TRUE#,\"", 14);
+    for (const char* name : {"scard.tmp", "main.tmp", "mainb.tmp", "states.tmp", "opti.tmp"}) {
+        put(name, rubbish);
+    }
+    put("opti.tmp", "1,1,0,1,1,\"60\"");  // previous scenario on: the restore runs too
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    run.loop.advance(5'000);
+    EXPECT_TRUE(run.exits.empty());
+    EXPECT_EQ(run.engine.callsOf(Op::Start).at(0).a, 0);
+    EXPECT_TRUE(app.frmrandommain.Timer2.enabled());
+    app.frmmain.quitWithoutAsking();
+    EXPECT_EQ(readStatesFile(fileText(at("states.tmp"))).fields, StatesRecord::kFields);
+    EXPECT_EQ(readMainFile(fileText(at("main.tmp"))).fields, MainRecord::kFields);
+}
+
+TEST_F(SessionStart, TheRestoreRunsOnlyWithTheOptionAndInItsOrder) {
+    // Every bank copy damaged: each bank's load entry says so in its own words, so the
+    // messages tell the order the copies were handed over in.
+    for (const char* copy : {"back.ini", "back2.ini", "backc.ini", "rand.ini", "rand2.ini",
+                             "rand3.ini", "rand4.ini", "randc.ini"}) {
+        put(copy, "\"not a bank\"\r\n");
+    }
+    {
+        SessionRun off(tree.root());
+        off.startAndLoad();
+        EXPECT_TRUE(off.dialogs.shown().empty());
+        off.app->frmback.slot(1).on.setValue(1);
+    }
+    put("opti.tmp", "1,1,0,1,1,\"60\",0,0,0\r\n");
+    SessionRun on(tree.root());
+    Application& app = on.startAndLoad();
+    const std::vector<std::string> expected = {
+        app.frmback.config().loadFailedText,        app.frmrandommain.config().loadFailedText,
+        app.frmrandommain2.config().loadFailedText, app.frmrandommain3.config().loadFailedText,
+        app.frmrandommain4.config().loadFailedText, app.frmback2.config().loadFailedText,
+        app.frmbackcustom.config().loadFailedText};
+    EXPECT_EQ(on.dialogs.messages(), expected);
+}
+
+TEST_F(SessionStart, TheRestoreBringsBackTheLoopsOfTheBankCopies) {
+    {
+        SessionRun first(tree.root());
+        Application& app = first.startAndLoad();
+        app.frmback2.slot(5).rate.setValue(0);
+        app.frmback2.slot(5).on.setValue(1);
+        app.frmback2.slot(5).volume.setValue(77);
+        app.frmmain.quitWithoutAsking();
+    }
+    // Without the option the copies stay on disk and nothing plays.
+    {
+        SessionRun plain(tree.root());
+        Application& app = plain.startAndLoad();
+        EXPECT_FALSE(app.frmback2.slot(5).on.checked());
+        EXPECT_EQ(plain.engine.playingCount(), 0u);
+        app.FRMOPTIONS.previousScenario.setChecked(true);
+        // The copy is written again at quit, from the bank as it stands.
+        app.frmback2.slot(5).on.setValue(1);
+        app.frmback2.slot(5).volume.setValue(77);
+        app.frmmain.quitWithoutAsking();
+    }
+    SessionRun restored(tree.root());
+    Application& app = restored.startAndLoad();
+    EXPECT_TRUE(app.frmback2.slot(5).on.checked());
+    EXPECT_EQ(app.frmback2.slot(5).volume.value(), 77);
+    EXPECT_EQ(restored.engine.playingCount(), 1u);
+}
+
+TEST_F(SessionStart, RecallpreviousFollowsStatesTmpAndStripsTheVisualFolders) {
+    const std::string tree_ = AppPath(tree.root()).text();
+    put("states.tmp", "#TRUE#,#FALSE#,#TRUE#,#FALSE#,#TRUE#\r\n");
+    put("main.tmp", "\"False\",\"Night Sea\",0,0,\"" + tree_ + "visual\\slideshow\\Beach\",\"" +
+                        tree_ + "visual/panoramics/Alps.jpg\",\"Dusk\",0\r\n");
+    put("opti.tmp", "1,1,0,1,1,\"60\",0,0,0\r\n");
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_TRUE(app.RemoteShown);
+    EXPECT_FALSE(app.MainShown);
+    EXPECT_TRUE(app.PanoramicShown);
+    EXPECT_TRUE(app.VisualFlag5);
+    EXPECT_FALSE(app.frmmain.window.visible());
+    EXPECT_EQ(app.frmmain.carry.slideshowLabel, "Beach");
+    EXPECT_EQ(app.frmmain.carry.panoramicLabel, "Alps.jpg");
+    EXPECT_EQ(app.frmmain.carry.colourSchemeName, "Dusk");
+    EXPECT_EQ(app.CurrentScenarioName, "Night Sea");
+    EXPECT_TRUE(app.frmmain.Timershowoldform.enabled());
+    run.loop.advance(Frmmain::kShowOldFormMs);
+    EXPECT_FALSE(app.frmmain.Timershowoldform.enabled());
+
+    // Flags go out again as they came.
+    app.frmmain.quitWithoutAsking();
+    EXPECT_EQ(fileText(at("states.tmp")), "#TRUE#,#FALSE#,#TRUE#,#FALSE#,#TRUE#\r\n");
+    EXPECT_EQ(fileText(at("main.tmp")),
+              "\"False\",\"Night Sea\",0,0,\"Beach\",\"Alps.jpg\",\"Dusk\",0\r\n");
+}
+
+TEST_F(SessionStart, WithoutStatesTmpRecallpreviousLeavesEverything) {
+    put("main.tmp", "\"False\",\"Night Sea\",0,0,\"Beach\",\"Alps\",\"Dusk\",0\r\n");
+    put("opti.tmp", "1,1,0,1,1,\"60\",0,0,0\r\n");
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    EXPECT_TRUE(app.frmmain.window.visible());
+    EXPECT_EQ(app.frmmain.carry.slideshowLabel, "");
+    EXPECT_FALSE(app.frmmain.Timershowoldform.enabled());
+}
+
+TEST_F(SessionStart, MinimizeOnStartupHidesTheConsoleAfterItsDelay) {
+    put("main.tmp", "\"False\",\"\",0,0,\"\",\"\",\"\",0\r\n");
+    SessionRun hidden(tree.root());
+    Application& app = hidden.startAndLoad();
+    EXPECT_TRUE(app.FRMOPTIONS.startHidden.checked());
+    EXPECT_TRUE(app.frmmain.window.visible());
+    hidden.loop.advance(Frmmain::kMinimizeMs);
+    EXPECT_FALSE(app.frmmain.window.visible());
+    // The console was the interface all the same: the session says so.
+    EXPECT_TRUE(app.MainShown);
+
+    put("opti.tmp", "1,1,0,1,0,\"60\",0,0,0\r\n");
+    SessionRun shown(tree.root());
+    shown.startAndLoad();
+    shown.loop.advance(10 * Frmmain::kMinimizeMs);
+    EXPECT_TRUE(shown.app->frmmain.window.visible());
+}
+
+TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {
+    put("opti.tmp", "1,1,0,1,0,\"60\",1,0,0\r\n");
+    SessionRun run(tree.root());
+    Application& app = run.startAndLoad();
+    app.frmback.slot(2).on.setValue(1);
+    const auto before = files();
+    const std::size_t callsBefore = run.engine.calls().size();
+
+    run.dialogs.answerYesNo(false);
+    app.frmmain.QuitCommand.click();
+    ASSERT_EQ(run.dialogs.shown().size(), 1u);
+    EXPECT_EQ(run.dialogs.shown()[0].kind, ScriptedDialogs::Kind::Question);
+    EXPECT_EQ(run.dialogs.shown()[0].text, "Really Quit?");
+    EXPECT_TRUE(run.exits.empty());
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(run.engine.calls().size(), callsBefore);
+    EXPECT_TRUE(run.engine.channel(app.frmback.slot(2).channel)->playing);
+
+    run.dialogs.answerYesNo(true);
+    app.frmmain.QuitCommand.click();
+    EXPECT_EQ(run.exits, std::vector<ExitKind>{ExitKind::AfterCleanUp});
+    EXPECT_EQ(fileText(at("opti.tmp")), "1,1,0,1,0,\"60\",1,0,0\r\n");
+    EXPECT_TRUE(fs::exists(at("mainb.tmp")));
+}
+
+TEST_F(SessionStart, AQuitFromOutsideNeverAsksAndWritesEveryFile) {
+    put("opti.tmp", "1,1,0,1,0,\"60\",1,0,0\r\n");
+    SessionRun run(tree.root());
+    run.startAndLoad();
+    run.app->frmmain.quitWithoutAsking();
+    EXPECT_TRUE(run.dialogs.shown().empty());
+    EXPECT_EQ(files(), (std::vector<std::string>{"back.ini", "back2.ini", "backc.ini", "main.tmp",
+                                                 "mainb.tmp", "opti.tmp", "rand.ini", "rand2.ini",
+                                                 "rand3.ini", "rand4.ini", "randc.ini", "scard.tmp",
+                                                 "states.tmp"}));
+}
+
+}  // namespace
+}  // namespace brevane
