@@ -124,26 +124,48 @@ BackgroundBank::BackgroundBank(Application& app, BackgroundBankConfig config)
     Random.onChange = [this] { app_.frmmain.Random.setValue(Random.value()); };
     Bwaves.onChange = [this] { app_.frmmain.Bwaves.setValue(Bwaves.value()); };
 
+    // Captions say the step; tool tips say what the button does to every slot.
     const std::string balanceUp = "+" + std::to_string(config_.balanceUpStep);
-    const std::array<std::array<const char*, 4>, 3> captions{{
-        {"Min", "-15", "+15", "Max"},
-        {"Left", "-15", nullptr, "Right"},
-        {"Min", "-50", "+50", "Max"},
+    struct ButtonText {
+        std::string caption;
+        std::string tip;
+    };
+    const std::array<std::array<ButtonText, 4>, 4> texts{{
+        {{{"Min", "Every volume to 0"},
+          {"-15", "Every volume down 15"},
+          {"+15", "Every volume up 15"},
+          {"Max", "Every volume to 250"}}},
+        {{{"Left", "Every balance to the left"},
+          {"-15", "Every balance 15 to the left"},
+          {balanceUp, "Every balance " + balanceUp.substr(1) + " to the right"},
+          {"Right", "Every balance to 250, near the right"}}},
+        {{{"Min", "Every rate to 0: no drift"},
+          {"-50", "Every rate down 50"},
+          {"+50", "Every rate up 50"},
+          {"Max", "Every rate to 999"}}},
+        {{{"+10", "Every lower limit up 10"},
+          {"-10", "Every lower limit down 10"},
+          {"+10", "Every upper limit up 10"},
+          {"-10", "Every upper limit down 10"}}},
     }};
-    for (std::size_t b = 0; b < 4; ++b) {
-        const int button = static_cast<int>(b);
-        volumeButtons[b].setCaption(captions[0][b]);
-        volumeButtons[b].onClick = [this, button] { bulkVolume(button); };
-        balanceButtons[b].setCaption(captions[1][b] != nullptr ? captions[1][b] : balanceUp);
-        balanceButtons[b].onClick = [this, button] { bulkBalance(button); };
-        rateButtons[b].setCaption(captions[2][b]);
-        rateButtons[b].onClick = [this, button] { bulkRate(button); };
-        rangeButtons[b].onClick = [this, button] { bulkRange(button); };
+    using Bulk = void (BackgroundBank::*)(int);
+    const std::array<std::pair<std::array<CommandButton, 4>*, Bulk>, 4> columns{{
+        {&volumeButtons, &BackgroundBank::bulkVolume},
+        {&balanceButtons, &BackgroundBank::bulkBalance},
+        {&rateButtons, &BackgroundBank::bulkRate},
+        {&rangeButtons, &BackgroundBank::bulkRange},
+    }};
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+        const auto [buttons, action] = columns[c];
+        for (std::size_t b = 0; b < 4; ++b) {
+            CommandButton& button = (*buttons)[b];
+            button.setCaption(texts[c][b].caption);
+            button.setToolTip(texts[c][b].tip);
+            button.onClick = [this, action, which = static_cast<int>(b)] {
+                (this->*action)(which);
+            };
+        }
     }
-    rangeButtons[0].setCaption("Low +10");
-    rangeButtons[1].setCaption("Low -10");
-    rangeButtons[2].setCaption("High +10");
-    rangeButtons[3].setCaption("High -10");
 
     stopButton.setCaption("Stop");
     stopButton.onClick = [this] { stopAll(); };
@@ -642,16 +664,6 @@ void BackgroundBank::saveCommand() {
 
 // ---- the custom bank ----
 
-std::string BackgroundBank::relativeToProgram(const std::string& file) const {
-    // The program's folder is taken out wherever it stands in the path.
-    const std::string folder = app_.appPath.text();
-    std::string out = file;
-    for (std::size_t at = out.find(folder); at != std::string::npos; at = out.find(folder, at)) {
-        out.erase(at, folder.size());
-    }
-    return out;
-}
-
 void BackgroundBank::storePath(int s, const std::string& relative) {
     slot(s).path = relative;
     slot(s).on.setToolTip(relative);
@@ -680,7 +692,7 @@ void BackgroundBank::chooseFile(int s) {
     sl.on.setValue(0);
     freeSlotSample(s);
     loadSlotSample(s, *chosen);
-    storePath(s, relativeToProgram(chosen->string()));
+    storePath(s, app_.appPath.relativeText(*chosen));
     sl.on.setCaption(baseNameOf(sl.path));
     if (sl.sample != 0) {
         if (wasOn) {
@@ -704,7 +716,7 @@ void BackgroundBank::bulkLoad(const std::array<std::string, kHandOverEntries>& h
         if (entry.empty()) {
             break;
         }
-        const std::string relative = relativeToProgram(entry);
+        const std::string relative = app_.appPath.relativeText(entry);
         freeSlotSample(s);
         loadSlotSample(s, app_.appPath / relative);
         slot(s).on.setCaption(baseNameOf(relative));

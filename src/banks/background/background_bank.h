@@ -218,7 +218,6 @@ class BackgroundBank : public MixGroupFollower {
     // while the slot's handle is one the engine has not freed.
     void loadSlotSample(int s, const std::filesystem::path& file);
     void freeSlotSample(int s);
-    std::string relativeToProgram(const std::string& file) const;
     void storePath(int s, const std::string& relative);
 
     std::optional<FileValues> readFile(const std::filesystem::path& file) const;

@@ -202,23 +202,5 @@ TEST_F(BackgroundDriftTest, BothLimitsComeUpAtAboutHalfTheChanceOfAnInnerValue) 
     }
 }
 
-TEST_F(BackgroundDriftTest, AllThreeBanksDriftIndependentlyOnTheSameLoop) {
-    for (BackgroundBank* bank : app->backgroundBanks()) {
-        for (int s = 1; s <= kBackgroundSlots; ++s) {
-            bank->slot(s).rate.setValue(999);
-            bank->slot(s).on.setValue(1);
-        }
-    }
-    h.loop.advance(2000);
-    // 400 steps: each slot has reached 0 and wandered off on its own target.
-    std::map<int, int> distinct;
-    for (BackgroundBank* bank : app->backgroundBanks()) {
-        for (int s = 1; s <= kBackgroundSlots; ++s) {
-            ++distinct[bank->slot(s).volume.value()];
-        }
-    }
-    EXPECT_GT(distinct.size(), 30u);
-}
-
 }  // namespace
 }  // namespace brevane

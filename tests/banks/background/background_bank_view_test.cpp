@@ -1,0 +1,89 @@
+// The background bank window bound to its panel: a row's widgets drive the slot, the
+// limit arrows step by 5, and the custom bank's extra buttons show only there.
+
+#include "ui/banks/background/background_bank_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTest>
+
+#include "background_harness.h"
+
+namespace brevane {
+namespace {
+
+template <class W>
+W* named(QWidget& root, const QString& name) {
+    for (W* w : root.findChildren<W*>()) {
+        if (w->accessibleName() == name) {
+            return w;
+        }
+    }
+    return nullptr;
+}
+
+class BackgroundBankViewTest : public ::testing::Test, public test::BackgroundBankFixture {};
+
+TEST_F(BackgroundBankViewTest, ARowDrivesItsSlotAndFollowsIt) {
+    BackgroundBank& bank = app->frmback;
+    BackgroundBankView view(bank);
+    bank.show();
+    ASSERT_TRUE(view.isVisible());
+
+    auto* on = named<QCheckBox>(view, QStringLiteral("Slot 4"));
+    auto* volume = named<QSlider>(view, QStringLiteral("Slot 4 volume"));
+    ASSERT_NE(on, nullptr);
+    ASSERT_NE(volume, nullptr);
+    EXPECT_EQ(on->text(), QStringLiteral("Heavy rain"));
+    EXPECT_FALSE(volume->isEnabled());
+    QTest::mouseClick(on, Qt::LeftButton, {}, QPoint(4, on->height() / 2));
+    EXPECT_TRUE(bank.slot(4).on.checked());
+    EXPECT_TRUE(volume->isEnabled());
+    EXPECT_EQ(h.engine.playingCount(), 1u);
+
+    // The drift moves the slider on screen.
+    bank.slot(4).volume.setValue(20);
+    h.loop.advance(3000);
+    EXPECT_EQ(volume->value(), 17);
+
+    // One arrow step of the upper limit's bar: 5 down from 250.
+    auto* upperBar = named<QScrollBar>(view, QStringLiteral("Slot 4 upper limit bar"));
+    auto* upperText = named<QLineEdit>(view, QStringLiteral("Slot 4 upper limit"));
+    ASSERT_NE(upperBar, nullptr);
+    ASSERT_NE(upperText, nullptr);
+    upperBar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(bank.slot(4).highLimitBar.value(), 5);
+    EXPECT_EQ(upperText->text(), QStringLiteral("245"));
+
+    auto* allUp = named<QPushButton>(view, QStringLiteral("Volume bulk 3"));
+    ASSERT_NE(allUp, nullptr);
+    allUp->click();
+    EXPECT_EQ(bank.slot(1).volume.value(), 15);
+}
+
+TEST_F(BackgroundBankViewTest, OnlyTheCustomBankShowsChoosersAndResetAll) {
+    BackgroundBankView fixed(app->frmback2);
+    BackgroundBankView custom(app->frmbackcustom);
+    app->frmback2.show();
+    app->frmbackcustom.show();
+    for (auto [view, shown] : {std::pair{&fixed, false}, std::pair{&custom, true}}) {
+        auto* chooser = named<QPushButton>(*view, QStringLiteral("Slot 1 file"));
+        ASSERT_NE(chooser, nullptr);
+        EXPECT_EQ(chooser->isVisible(), shown);
+        bool resetShown = false;
+        for (QPushButton* b : view->findChildren<QPushButton*>()) {
+            resetShown = resetShown || (b->text() == QStringLiteral("Reset All") && b->isVisible());
+        }
+        EXPECT_EQ(resetShown, shown);
+    }
+    EXPECT_EQ(named<QCheckBox>(custom, QStringLiteral("Slot 9"))->text(),
+              QStringLiteral("Not Set"));
+}
+
+}  // namespace
+}  // namespace brevane
