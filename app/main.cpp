@@ -8,9 +8,11 @@
 #include "base/event_loop.h"
 #include "base/random.h"
 #include "core/application.h"
+#include "core/autostart.h"
 #include "engine/mixer_engine.h"
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
+#include "ui/core/qt_desktop.h"
 #include "ui/platform/qt_dialogs.h"
 #include "ui/platform/qt_event_loop_driver.h"
 #include "ui/platform/qt_settings_store.h"
@@ -46,7 +48,19 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
     MixerEngine engine(MixerEngine::Output::Device);
     brevane::Random random;
     random.reseedFromClock();
-    Application app(Platform{appPath, engine, loop, dialogs, settings, random});
+    QtProgramLauncher launcher;
+    QtDesktopServices desktop;
+    XdgAutostartEntry autostart(XdgAutostartEntry::defaultFolder(),
+                                pathFromQt(QCoreApplication::applicationFilePath()));
+    Application app(Platform{.appPath = appPath,
+                             .engine = engine,
+                             .loop = loop,
+                             .dialogs = dialogs,
+                             .settings = settings,
+                             .random = random,
+                             .autostart = &autostart,
+                             .launcher = launcher,
+                             .desktop = desktop});
     running = &app;
     ApplicationViews views(app);
     quitRoutine.watchWindow(views.mainWindow());

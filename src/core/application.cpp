@@ -16,6 +16,8 @@ Application::Application(const Platform& platform)
       settings(platform.settings),
       random(platform.random),
       autostart(platform.autostart),
+      launcher(platform.launcher),
+      desktop(platform.desktop),
       STARTUP(*this),
       frmmain(*this),
       frmback(*this, backgroundBankConfig(BackgroundBankId::One)),

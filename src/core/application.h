@@ -52,6 +52,8 @@ class Application {
     SettingsStore& settings;
     brevane::Random& random;
     AutostartEntry* const autostart;
+    ProgramLauncher& launcher;
+    DesktopServices& desktop;
 
     // Values the panels share.
     // Which random bank the console's "Random" button shows: 1 to 4, 5 the custom bank.
@@ -82,6 +84,9 @@ class Application {
     // The scenario named on the status display and kept in the session files.
     std::string CurrentScenarioName;
     std::string LoadedScenarioName;
+    // The weather and night generators' status words, shown on the console's display.
+    std::string weatherStatus = "Static";
+    std::string nightStatus = "Disabled";
     // The options' inactivity time, taken at start.
     int InactivitySeconds = 0;
 

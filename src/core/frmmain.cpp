@@ -14,6 +14,8 @@ Frmmain::Frmmain(Application& app)
       Timer4(app.loop, kFirstRunMs),
       Timershowoldform(app.loop, kShowOldFormMs),
       Timer10(app.loop, kMinimizeMs),
+      Timer2(app.loop, kClockMs),
+      Timercustomlcdupdate(app.loop, kCustomLcdUpdateMs),
       app_(app) {
     window.setCaption("Brevane");
     for (MixGroup g : kMixGroups) {
@@ -46,6 +48,8 @@ Frmmain::Frmmain(Application& app)
 
     TimerIntroVolFade.onTick = [this] { introFadeTick(); };
     wireSession();
+    wireConsole();
+    wireStatus();
 }
 
 GroupSlider& Frmmain::group(MixGroup which) {
@@ -90,7 +94,9 @@ void Frmmain::load() {
     // 8. The alarm-off command runs once, so the alarm starts disarmed; the
     //    alarm-running flag is cleared.
     // 9. AppPath ends in a separator (AppPath::text() always does).
-    // 10. The scenario list fills from config/scenarios.
+    // 10. The scenario list fills from config/scenarios, and with it the tray
+    //     menu's scenario entries.
+    fillScenarioList();
     // 11. main.tmp: alarm state, previous scenario, the randomise panels' sliders.
     readMainAtLoad();
 
@@ -114,12 +120,17 @@ void Frmmain::load() {
     //     their randomise timers.
     readMainbAtLoad();
     // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour.
+    for (std::size_t p = 0; p < presetButtons.size(); ++p) {
+        presetButtons[p].setCaption(carry.PresetCaption[p]);
+    }
     // 14. The scenario preset list, the previous scenario on the status display,
     //     loadslidergrads.
     // 15. folderselect, the remote's "Scenario: " caption, the colour scheme through
     //     frmDemo, checklcd; then the splash goes and the console takes its place.
+    checklcd();
     app_.STARTUP.unload();
     window.show();
+    Timer2.setEnabled(true);
 
     // 16. Every panel's copies of the group values are brought up to date.
     Master.fireChange();
@@ -129,8 +140,12 @@ void Frmmain::load() {
     MP3.fireChange();
 
     // 17. The tray icon, tooltip "Brevane", menu mnutray.
+    trayIcon.setToolTip(kTrayToolTip);
+    trayIcon.setVisible(true);
     // 18. Timers loads hidden, its Command3_Click runs; frmeffects loads hidden.
-    // 19. "Static" on display line 3, "Disabled" on display line 4.
+    // 19. "Static" and "Disabled" on the weather and night lines.
+    LCD4.setLine(3, "Static");
+    LCD4.setLine(4, "Disabled");
 
     // 20. The intro fade of Master; dobrainwavecheck.
     TimerIntroVolFade.setEnabled(true);
@@ -175,20 +190,30 @@ void Frmmain::introFadeTick() {
 }
 
 void Frmmain::groupChanged(MixGroup which) {
-    const int value = group(which).value();
+    if (which == MixGroup::Master && muted()) {
+        // A move of Master while muted cancels the mute: the kept level comes back
+        // first and goes out to every copy in place of the moved value.
+        unmute();
+        return;
+    }
+    GroupSlider& slider = group(which);
     const auto followers = app_.groupFollowers();
     for (MixGroupFollower* follower : followers) {
         if (Slider* copy = follower->groupCopy(which)) {
-            copy->setValue(value);
+            // Read anew for each copy: a copy's own handler may have moved this slider.
+            copy->setValue(slider.value());
         }
     }
     if (which == MixGroup::Master) {
-        // Here a Master move also clears the mute (tray menu and remote).
         for (MixGroupFollower* follower : followers) {
             follower->updateVolumes();
         }
     }
-    // Bwaves and Master also run frmbwave's value-change handler.
+    // The beat generator (Bwaves, Master), the MP3 player and the remote follow here.
+    const auto hooks = groupHooks_[static_cast<std::size_t>(which)];
+    for (const GroupHook& hook : hooks) {
+        hook(slider.value());
+    }
 }
 
 void Frmmain::showRandomBank() {
@@ -233,6 +258,7 @@ void Frmmain::quitWithoutAsking() {
 
     // 2. The tray icon goes; the console, the banks and the Identify panel hide (and
     //    frmeffects, frmmainmp3 and frmcd).
+    trayIcon.setVisible(false);
     window.hide();
     app_.hideBanks();
     app_.Frmsoundindent.window.hide();
@@ -242,6 +268,7 @@ void Frmmain::quitWithoutAsking() {
 
     // 4. The mouse pointer shows, the console's timers stop, the engine closes.
     TimerIntroVolFade.setEnabled(false);
+    Timer2.setEnabled(false);
     app_.engine.close();
 
     // 5. mainb.tmp, main.tmp, scard.tmp.
@@ -257,6 +284,8 @@ void Frmmain::unload() {
     Timer4.setEnabled(false);
     Timershowoldform.setEnabled(false);
     Timer10.setEnabled(false);
+    Timer2.setEnabled(false);
+    Timercustomlcdupdate.setEnabled(false);
 }
 
 }  // namespace brevane

@@ -4,10 +4,15 @@
 //
 // Not thread-safe: a panel lives on the event thread.
 
+#include <array>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "base/controls.h"
 #include "base/event_loop.h"
+#include "core/lcd_display.h"
+#include "core/menu.h"
 #include "core/mix_group.h"
 #include "core/session_files.h"
 
@@ -76,6 +81,116 @@ class Frmmain {
     // Restores the visible panels from states.tmp and main.tmp.
     void recallprevious();
 
+    // ---- The console's face (frmmain_console.cpp, frmmain_status.cpp) ----
+    static constexpr int kClockMs = 1000;
+    static constexpr int kCustomLcdUpdateMs = 3000;
+    static constexpr int kPresetButtons = 14;
+    static constexpr const char* kRecorderProgram = "recorder";
+    static constexpr const char* kRecorderMissingText =
+        "The recorder could not be found. Please re-install the program.";
+    static constexpr const char* kManual = "help/index.html";
+    static constexpr const char* kNoInformationText =
+        "There is currently no information for this scenario.";
+    static constexpr const char* kTrayToolTip = "Brevane";
+
+    // Later panels follow a group slider here beyond their copies: the MP3 player's
+    // volume, the beat generator on Bwaves and Master, the remote's mute button on
+    // Master. A hook runs after every copy is written (and, for Master, every bank's
+    // channels are updated), with the slider's value, in the order hooks were added.
+    // Hooks stay for the whole run, as the panels do.
+    using GroupHook = std::function<void(int value)>;
+    void onGroupMoved(MixGroup group, GroupHook hook);
+
+    // Mute, the tray menu's "Mute": the first click keeps the Master level and puts
+    // Master (and every copy) at 0, below the hand's lower end; the next click, or any
+    // move of Master meanwhile, brings the kept level back.
+    void mute();
+    bool muted() const;
+
+    // The status panel. Lines 1 and 2 of each display hold its captions, lines 3 and 4
+    // the live text beside them.
+    LcdDisplay LCD1;  // "Scenario": the current scenario; "Previous": the one before
+    LcdDisplay LCD2;  // "Time": Timer2's clock; "Alarm": the alarm state
+    LcdDisplay LCD3;  // "Scheduler": its state; "Playlist": interval or playlist name
+    LcdDisplay LCD4;  // "Weather", "Night": the generators' status words
+    LcdDisplay LCD5;  // "Preset": "Presets: " and the list name; the preset's name
+    LcdDisplay LCD6;  // "Reverb", "Equalizer": the effect presets, "Disabled" when off
+    LcdDisplay LCD7;  // the latest random sound; "Bank": where it sits
+    LcdDisplay LCD8;  // "Bwaves": the beat generator's list text; its range
+    std::array<LcdDisplay*, 8> displays();
+
+    // Rewrites the live lines from the state of every panel.
+    void checklcd();
+    // Rewrites display 4 from the weather and night status words.
+    void updatelcd4();
+    // Shows the scheduler's playlist name in the "Playlist" field.
+    void updatelcdplaylist(const std::string& playlistName);
+    // The fixed captions of displays 1, 2, 4 and 6.
+    void loadlcd1();
+    void loadlcd2();
+    void loadlcd4();
+    void loadlcd6();
+
+    // Writes the time of day on LCD2 every second from the load.
+    Timer Timer2;
+    // One shot after a custom bank changes: checklcd.
+    Timer Timercustomlcdupdate;
+    // Arms Timercustomlcdupdate (again).
+    void customBankChanged();
+
+    // The command buttons, by caption. Those whose panel is not in the program yet
+    // stand disabled in their place.
+    CommandButton brainwavesButton;        // "Brainwaves": frmbwave
+    CommandButton evolveButton;            // "Evolve": frmevolve
+    CommandButton mp3Button;               // "MP3": frmmainmp3
+    CommandButton cdButton;                // "CD": frmcd
+    CommandButton effectsButton;           // "Effects": frmeffects
+    CommandButton scheduleButton;          // "Schedule": Timers
+    CommandButton alarmSettingsButton;     // "..." beside the alarm: Alarm
+    CommandButton alarmOnButton;           // "Alarm On"
+    CommandButton alarmOffButton;          // "Alarm Off"
+    CommandButton colorsButton;            // "Colors": frmDemo
+    CommandButton optionsButton;           // "Options": FRMOPTIONS
+    CommandButton importButton;            // "Import": Frmimport
+    CommandButton exportButton;            // "Export": formexportscen
+    CommandButton loadButton;              // scenario "Load"
+    CommandButton saveButton;              // scenario "Save"
+    CommandButton saveAsButton;            // scenario "Save As"
+    CommandButton deleteButton;            // scenario "Delete"
+    CommandButton presetAssignButton;      // "Assign"
+    CommandButton presetClearButton;       // "Clear"
+    CommandButton presetSaveAsButton;      // the presets' "Save As"
+    CommandButton presetLoadButton;        // the presets' "Load"
+    CommandButton switchToControllerButton;  // "Switch to controller": frmremote2
+    CommandButton recButton;                 // "Rec": the companion recorder
+    CommandButton helpButton;                // "Help": the manual
+    // "Info": shows and hides the scenario information area.
+    ToggleButton infoButton;
+    std::array<CommandButton, kPresetButtons> presetButtons;
+
+    // The scenarios of config/scenarios, by name, and the information about the one
+    // loaded.
+    ListBox scenarioList;
+    TextBox information;
+
+    // The tray icon and its menu mnutray: "Slideshow", "Movie", "Panoramic", a
+    // separator, "Scenario" (one entry per scenario, "Load Random Scenario", "Load
+    // Scenario From Disk"), "Mute", "Show Remote", "Show Main", "Quit App".
+    TrayIcon trayIcon;
+    MenuEntry mnutray;
+    MenuEntry& mnuMute() { return *mnuMute_; }
+    MenuEntry& mnuScenario() { return *mnuScenario_; }
+    // Rebuilds the "Scenario" entries from the scenario list.
+    void buildScenarioMenu();
+    // Loads a scenario by name; set by the scenario files once they are in the
+    // program. While unset the tray's scenario entries stand disabled.
+    std::function<void(const std::string& name)> scenarioLoader;
+
+    // "Rec": starts the recorder beside the program, or says it is missing.
+    void startRecorder();
+    // "Help": opens the manual with the desktop's handler.
+    void openManual();
+
     GroupSlider& group(MixGroup which);
 
     // The console's load: the whole of start-up after the splash, step by step.
@@ -106,6 +221,20 @@ class Frmmain {
     MainRecord mainRecord() const;
     MainbRecord mainbRecord() const;
     bool shownBefore_ = false;
+
+    // The console's face (frmmain_console.cpp, frmmain_status.cpp).
+    void wireConsole();
+    void wireStatus();
+    void buildTrayMenu();
+    void fillScenarioList();
+    void clockTick();
+    void unmute();
+    // Moves the lower end of Master and of every copy of it: 0 while muted.
+    void setMasterFloor(int low);
+    std::array<std::vector<GroupHook>, kMixGroups.size()> groupHooks_;
+    int mutedMasterLevel_ = 0;
+    MenuEntry* mnuMute_ = nullptr;
+    MenuEntry* mnuScenario_ = nullptr;
 
     void groupChanged(MixGroup which);
     void introFadeTick();

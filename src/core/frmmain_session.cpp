@@ -273,6 +273,7 @@ void Frmmain::recallprevious() {
     if (read.has(2)) {
         app_.CurrentScenarioName = r.scenarioName;
     }
+    checklcd();
     Timershowoldform.setEnabled(true);
 
     // The panoramic and the slideshow start here, by PanoramicShown and
@@ -301,6 +302,7 @@ void Frmmain::firstRunTick() {
     app_.Formtips.show();
     app_.FRMOPTIONS.previousScenario.setChecked(true);
     app_.CurrentScenarioName = kFirstRunScenario;
+    checklcd();
 }
 
 void Frmmain::minimizeTick() {

@@ -21,7 +21,12 @@ inline constexpr std::array<MixGroup, 6> kMixGroups{MixGroup::Master, MixGroup::
 
 // Range and first value of a group slider; the console's slider and every copy share
 // them. Master, Background, Random and Bwaves run from 1 (so the volume law never gets
-// a zero from them) to 100; CD from 0 to 100; MP3 from 0 to 5000.
+// a zero from them) to 100; CD from 0 to 100; MP3 from 0 to 5000. The top of 100 is
+// chosen: with Master and the group at 100 a slot at its loudest lands a little above
+// the engine's 255 (303), so the faders reach full level and a slot at an ordinary
+// level still changes over their whole travel.
+// Master starts at 2, the others at their lower end. The console's mute is the one
+// thing that puts Master below its lower end, to 0, and only while it lasts.
 struct MixGroupRange {
     int low;
     int high;

@@ -6,9 +6,11 @@
 //
 // Ownership: every referenced object belongs to the caller and must outlive the
 // Application. The caller seeds the random source (the program from the clock, a
-// test with a fixed seed).
+// test with a fixed seed). The launcher and the desktop services may be left out;
+// the console then finds no companion program and opens no document.
 
 #include "base/app_path.h"
+#include "core/desktop.h"
 
 namespace brevane {
 
@@ -29,6 +31,10 @@ struct Platform {
     // The desktop's autostart entry for "Launch program automatically on boot"; none
     // keeps the setting without making an entry.
     AutostartEntry* autostart = nullptr;
+    // Starts the companion programs beside this one ("Rec").
+    ProgramLauncher& launcher = unavailableProgramLauncher();
+    // Opens documents with the desktop's handler ("Help").
+    DesktopServices& desktop = unavailableDesktopServices();
 };
 
 }  // namespace brevane

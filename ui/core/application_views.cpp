@@ -1,18 +1,31 @@
 #include "ui/core/application_views.h"
 
+#include <QApplication>
+
 #include "core/application.h"
+#include "ui/banks/background/background_bank_view.h"
 #include "ui/banks/random/form3_view.h"
 #include "ui/banks/random/identify_view.h"
 #include "ui/banks/random/random_bank_view.h"
+#include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
+#include "ui/core/options_view.h"
+#include "ui/core/tray_view.h"
 #include "ui/core/splash_view.h"
+#include "ui/core/tips_view.h"
+#include "ui/widgets/program_icon.h"
 
 namespace brevane {
 
 ApplicationViews::ApplicationViews(Application& app) : app_(app) {
+    QApplication::setWindowIcon(programIcon());
     mainWindow_ = std::make_unique<MainWindow>(app.frmmain);
+    tray_ = std::make_unique<TrayView>(app.frmmain);
     byPanel_[&app.frmmain.window] = mainWindow_.get();
     add(app.STARTUP.window, std::make_unique<SplashView>(app.STARTUP));
+    for (BackgroundBank* bank : app.backgroundBanks()) {
+        add(bank->window, std::make_unique<BackgroundBankView>(*bank));
+    }
     for (RandomBank* bank : app.randomBanks()) {
         add(bank->window, std::make_unique<RandomBankView>(*bank));
     }
@@ -20,6 +33,9 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.Form3.window, std::make_unique<RandomizeSettingsView>(app.Form3));
     add(app.Form33.window, std::make_unique<RandomizeSettingsView>(app.Form33));
     add(app.Frmsoundindent.window, std::make_unique<IdentifyView>(app.Frmsoundindent));
+    add(app.FRMOPTIONS.window, std::make_unique<OptionsView>(app.FRMOPTIONS));
+    add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
+    bindProgramHotkeys(app, *mainWindow_);
 
     app.placeWindow = [this](const PanelWindow& target, const PanelWindow& reference) {
         QWidget* to = windowOf(target);

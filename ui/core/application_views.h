@@ -17,6 +17,7 @@ namespace brevane {
 
 class Application;
 class MainWindow;
+class TrayView;
 
 class ApplicationViews {
   public:
@@ -28,6 +29,8 @@ class ApplicationViews {
     MainWindow& mainWindow() { return *mainWindow_; }
     // The window following `panel`, or nullptr.
     QWidget* windowOf(const PanelWindow& panel) const;
+    // The notification-area icon and the console's tray menu.
+    TrayView& tray() { return *tray_; }
 
   private:
     void add(const PanelWindow& panel, std::unique_ptr<QWidget> window);
@@ -36,6 +39,7 @@ class ApplicationViews {
     std::unique_ptr<MainWindow> mainWindow_;
     std::vector<std::unique_ptr<QWidget>> windows_;
     std::map<const PanelWindow*, QWidget*> byPanel_;
+    std::unique_ptr<TrayView> tray_;
 };
 
 }  // namespace brevane

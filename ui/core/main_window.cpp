@@ -1,10 +1,11 @@
 #include "ui/core/main_window.h"
 
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QVBoxLayout>
@@ -12,15 +13,27 @@
 #include "core/frmmain.h"
 #include "ui/binding/bindings.h"
 #include "ui/core/panel_window_follow.h"
+#include "ui/platform/qt_text.h"
+#include "ui/widgets/lcd_display_widget.h"
 #include "ui/widgets/style.h"
 
 namespace brevane {
 
 namespace {
 
+// Every status display has the same width, so the two columns of them line up: a
+// caption column wide enough for "Equalizer" and a blank, and room for a name.
+constexpr int kLcdColumns = 30;
+constexpr int kLcdCaptionColumns = 10;
+constexpr int kFaderHeight = 190;
+constexpr int kFaderWidth = 62;
+constexpr int kButtonWidth = 112;
+
 // One fader of the mix: its value above, the slider, its name below.
 QWidget* fader(Slider& control, const QString& name, QWidget* parent) {
     auto* column = new QWidget(parent);
+    column->setMinimumWidth(
+        std::max(kFaderWidth, column->fontMetrics().horizontalAdvance(name) + style::kSpacing));
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(style::kSpacing);
@@ -28,14 +41,16 @@ QWidget* fader(Slider& control, const QString& name, QWidget* parent) {
     auto* value = new QLabel(column);
     value->setAlignment(Qt::AlignHCenter);
     value->setFont(style::smallFont());
-    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
     showValue(control, *value);
 
     auto* slider = new QSlider(Qt::Vertical, column);
-    slider->setMinimumHeight(160);
+    slider->setMinimumHeight(kFaderHeight);
     slider->setTickPosition(QSlider::TicksRight);
-    slider->setTickInterval(10);
+    // Ten steps of ticks whatever the range: the MP3 fader runs to 5000.
+    slider->setTickInterval(std::max(1, (control.high() - control.low() + 1) / 10));
     slider->setAccessibleName(name);
+    slider->setToolTip(name);
     bindWidget(control, *slider);
 
     auto* caption = new QLabel(name, column);
@@ -47,11 +62,195 @@ QWidget* fader(Slider& control, const QString& name, QWidget* parent) {
     return column;
 }
 
-QPushButton* button(CommandButton& control, QWidget* parent) {
+QPushButton* button(CommandButton& control, QWidget* parent, int minWidth = kButtonWidth) {
     auto* b = new QPushButton(parent);
-    b->setMinimumWidth(120);
+    b->setMinimumWidth(minWidth);
     bindWidget(control, *b);
     return b;
+}
+
+QPushButton* button(ToggleButton& control, QWidget* parent, int minWidth = kButtonWidth) {
+    auto* b = new QPushButton(parent);
+    b->setMinimumWidth(minWidth);
+    bindWidget(control, *b);
+    return b;
+}
+
+QGroupBox* group(const QString& title, QWidget* parent) {
+    auto* box = new QGroupBox(title, parent);
+    return box;
+}
+
+// The scenario information: a read-only text that shows and hides with its control.
+class InformationFollower final : public QObject {
+  public:
+    InformationFollower(TextBox& control, QPlainTextEdit& view)
+        : QObject(&view), control_(control), view_(view) {
+        watchId_ = control_.watch([this] { show(); });
+        show();
+    }
+    ~InformationFollower() override { control_.unwatch(watchId_); }
+
+  private:
+    void show() {
+        const QString text = qtDisplayText(control_.text());
+        if (view_.toPlainText() != text) {
+            view_.setPlainText(text);
+        }
+        if (view_.isHidden() == control_.visible()) {
+            view_.setVisible(control_.visible());
+        }
+    }
+
+    TextBox& control_;
+    QPlainTextEdit& view_;
+    Control::WatchId watchId_ = 0;
+};
+
+QWidget* mixSection(Frmmain& console, QWidget* parent) {
+    auto* mix = group(QStringLiteral("Mix"), parent);
+    auto* layout = new QVBoxLayout(mix);
+    style::applySpacing(*layout);
+    auto* faders = new QHBoxLayout();
+    faders->setSpacing(style::kSpacing);
+    faders->addWidget(fader(console.Master, QStringLiteral("Master"), mix));
+    faders->addWidget(fader(console.Background, QStringLiteral("Background"), mix));
+    faders->addWidget(fader(console.Random, QStringLiteral("Random"), mix));
+    faders->addWidget(fader(console.MP3, QStringLiteral("MP3"), mix));
+    faders->addWidget(fader(console.CD, QStringLiteral("CD"), mix));
+    faders->addWidget(fader(console.Bwaves, QStringLiteral("Bwaves"), mix));
+    layout->addLayout(faders, 1);
+    layout->addSpacing(style::kSpacing);
+    // Master Stop silences everything: a warm tint sets it apart from the panel
+    // buttons without shouting.
+    auto* stop = new QPushButton(mix);
+    QPalette warm = stop->palette();
+    warm.setColor(QPalette::Button, QColor(0xF0, 0xDC, 0xD8));
+    warm.setColor(QPalette::ButtonText, QColor(0x7A, 0x2E, 0x26));
+    stop->setPalette(warm);
+    bindWidget(console.masterStopButton, *stop);
+    layout->addWidget(stop);
+    return mix;
+}
+
+QWidget* statusSection(Frmmain& console, QWidget* parent) {
+    auto* status = group(QStringLiteral("Status"), parent);
+    auto* grid = new QGridLayout(status);
+    style::applySpacing(*grid);
+    grid->setHorizontalSpacing(style::kSectionGap);
+    // The scenario side on the left, the clock and the generators on the right.
+    LcdDisplay* const placed[4][2] = {{&console.LCD1, &console.LCD2},
+                                      {&console.LCD5, &console.LCD3},
+                                      {&console.LCD7, &console.LCD4},
+                                      {&console.LCD8, &console.LCD6}};
+    for (int row = 0; row < 4; ++row) {
+        for (int col = 0; col < 2; ++col) {
+            grid->addWidget(
+                new LcdDisplayWidget(*placed[row][col], LcdDisplayWidget::Layout::Captioned,
+                                     kLcdColumns, kLcdCaptionColumns, status),
+                row, col);
+        }
+    }
+    // The displays spread over the height the faders give the row.
+    for (int row = 0; row < 4; ++row) {
+        grid->setRowStretch(row, 1);
+    }
+    return status;
+}
+
+QWidget* scenarioSection(Frmmain& console, QWidget* parent) {
+    auto* box = group(QStringLiteral("Scenarios"), parent);
+    auto* layout = new QVBoxLayout(box);
+    style::applySpacing(*layout);
+
+    auto* list = new QListWidget(box);
+    list->setAccessibleName(QStringLiteral("Scenarios"));
+    list->setMinimumHeight(72);
+    bindWidget(console.scenarioList, *list);
+    layout->addWidget(list, 1);
+
+    auto* information = new QPlainTextEdit(box);
+    information->setReadOnly(true);
+    information->setAccessibleName(QStringLiteral("Scenario information"));
+    information->setFixedHeight(84);
+    new InformationFollower(console.information, *information);
+    layout->addWidget(information);
+
+    auto* files = new QHBoxLayout();
+    files->setSpacing(style::kSpacing);
+    files->addWidget(button(console.loadButton, box, 0));
+    files->addWidget(button(console.saveButton, box, 0));
+    files->addWidget(button(console.saveAsButton, box, 0));
+    files->addWidget(button(console.deleteButton, box, 0));
+    layout->addLayout(files);
+    // Scenarios travel as packages; the information belongs to the one selected.
+    auto* more = new QHBoxLayout();
+    more->setSpacing(style::kSpacing);
+    more->addWidget(button(console.importButton, box, 0));
+    more->addWidget(button(console.exportButton, box, 0));
+    more->addStretch(1);
+    more->addWidget(button(console.infoButton, box, 0));
+    layout->addLayout(more);
+    return box;
+}
+
+QWidget* presetSection(Frmmain& console, QWidget* parent) {
+    auto* box = group(QStringLiteral("Presets"), parent);
+    auto* layout = new QVBoxLayout(box);
+    style::applySpacing(*layout);
+    auto* grid = new QGridLayout();
+    grid->setSpacing(style::kSpacing);
+    const int rows = Frmmain::kPresetButtons / 2;
+    for (int p = 0; p < Frmmain::kPresetButtons; ++p) {
+        grid->addWidget(button(console.presetButtons[static_cast<std::size_t>(p)], box), p % rows,
+                        p / rows);
+    }
+    layout->addLayout(grid);
+    layout->addStretch(1);
+    auto* commands = new QHBoxLayout();
+    commands->setSpacing(style::kSpacing);
+    commands->addWidget(button(console.presetAssignButton, box, 0));
+    commands->addWidget(button(console.presetClearButton, box, 0));
+    commands->addWidget(button(console.presetSaveAsButton, box, 0));
+    commands->addWidget(button(console.presetLoadButton, box, 0));
+    layout->addLayout(commands);
+    return box;
+}
+
+QWidget* panelSection(Frmmain& console, QWidget* parent) {
+    auto* box = group(QStringLiteral("Panels"), parent);
+    auto* layout = new QVBoxLayout(box);
+    style::applySpacing(*layout);
+    auto* grid = new QGridLayout();
+    grid->setSpacing(style::kSpacing);
+    CommandButton* const panels[][2] = {
+        {&console.background1Button, &console.randomButton},
+        {&console.background2Button, &console.identifyButton},
+        {&console.customBackgroundButton, &console.brainwavesButton},
+        {&console.evolveButton, &console.effectsButton},
+        {&console.mp3Button, &console.cdButton},
+    };
+    int row = 0;
+    for (const auto& pair : panels) {
+        grid->addWidget(button(*pair[0], box), row, 0);
+        grid->addWidget(button(*pair[1], box), row, 1);
+        ++row;
+    }
+    layout->addLayout(grid);
+    layout->addStretch(1);
+
+    // The clock's panels: the schedule, and the alarm with its settings beside it.
+    auto* clock = new QGridLayout();
+    clock->setSpacing(style::kSpacing);
+    clock->addWidget(button(console.scheduleButton, box, 0), 0, 0, 1, 3);
+    clock->addWidget(button(console.alarmOnButton, box, 0), 1, 0);
+    clock->addWidget(button(console.alarmOffButton, box, 0), 1, 1);
+    QPushButton* settings = button(console.alarmSettingsButton, box, 0);
+    settings->setMaximumWidth(settings->fontMetrics().horizontalAdvance(QStringLiteral("....")) +
+                              4 * style::kSpacing);
+    clock->addWidget(settings, 1, 2);
+    layout->addLayout(clock);
+    return box;
 }
 
 }  // namespace
@@ -60,45 +259,36 @@ MainWindow::MainWindow(Frmmain& console, QWidget* parent) : QMainWindow(parent) 
     auto* central = new QWidget(this);
     auto* root = new QVBoxLayout(central);
     style::applySpacing(*root);
+    root->setContentsMargins(style::kSectionGap, style::kSectionGap, style::kSectionGap,
+                             style::kMargin);
+    root->setSpacing(style::kSectionGap);
 
     auto* top = new QHBoxLayout();
     top->setSpacing(style::kSectionGap);
+    top->addWidget(mixSection(console, central));
+    top->addWidget(statusSection(console, central), 1);
+    root->addLayout(top);
 
-    auto* mix = new QGroupBox(QStringLiteral("Mix"), central);
-    auto* faders = new QHBoxLayout(mix);
-    style::applySpacing(*faders);
-    faders->addWidget(fader(console.Master, QStringLiteral("Master"), mix));
-    faders->addWidget(fader(console.Random, QStringLiteral("Random"), mix));
-    top->addWidget(mix, 1);
+    auto* bottom = new QHBoxLayout();
+    bottom->setSpacing(style::kSectionGap);
+    bottom->addWidget(scenarioSection(console, central), 3);
+    bottom->addWidget(presetSection(console, central), 3);
+    bottom->addWidget(panelSection(console, central), 2);
+    root->addLayout(bottom, 1);
 
-    auto* panels = new QGroupBox(QStringLiteral("Panels"), central);
-    auto* buttons = new QVBoxLayout(panels);
-    style::applySpacing(*buttons);
-    buttons->addWidget(button(console.randomButton, panels));
-    buttons->addWidget(button(console.identifyButton, panels));
-    buttons->addStretch(1);
-    buttons->addWidget(button(console.masterStopButton, panels));
-    top->addWidget(panels);
-    root->addLayout(top, 1);
-
-    auto* latest = new QGroupBox(QStringLiteral("Latest sound"), central);
-    auto* form = new QFormLayout(latest);
-    style::applySpacing(*form);
-    auto* name = new QLineEdit(latest);
-    name->setReadOnly(true);
-    name->setFocusPolicy(Qt::NoFocus);
-    bindWidget(console.latestSoundName, *name);
-    auto* location = new QLineEdit(latest);
-    location->setReadOnly(true);
-    location->setFocusPolicy(Qt::NoFocus);
-    bindWidget(console.latestSoundLocation, *location);
-    form->addRow(QStringLiteral("Sound"), name);
-    form->addRow(QStringLiteral("Location"), location);
-    root->addWidget(latest);
+    // The console's own settings on the left, leaving it on the right.
+    auto* footer = new QHBoxLayout();
+    footer->setSpacing(style::kSpacing);
+    footer->addWidget(button(console.optionsButton, central, 0));
+    footer->addWidget(button(console.colorsButton, central, 0));
+    footer->addStretch(1);
+    footer->addWidget(button(console.recButton, central, 0));
+    footer->addWidget(button(console.helpButton, central, 0));
+    footer->addSpacing(style::kSectionGap);
+    footer->addWidget(button(console.switchToControllerButton, central));
+    root->addLayout(footer);
 
     setCentralWidget(central);
-    setMinimumSize(360, 320);
-    resize(440, 400);
     // Closing the console is the program's quit, which the quit routine handles.
     followPanelWindow(console.window, *this, OnClose::Leave);
 }

@@ -1,7 +1,7 @@
 #pragma once
-// The main console's window: the Master and Random group sliders, the buttons to the
-// random banks and the Identify panel, Master Stop, and the latest sound fired.
-// Binds to Frmmain; holds no state.
+// The main console's window: the six group faders with Master Stop, the status
+// displays, the scenarios with their information, the preset buttons, one button per
+// panel, and the console's own commands. Binds to Frmmain; holds no state.
 
 #include <QMainWindow>
 

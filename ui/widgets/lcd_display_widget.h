@@ -32,6 +32,8 @@ struct LcdLook {
 LcdLook lcdLook(LcdPalette palette, const std::optional<LcdColours>& custom = std::nullopt);
 
 class LcdDisplayWidget : public QWidget {
+    Q_OBJECT
+
   public:
     enum class Layout { Captioned, Lines };
 

@@ -1,0 +1,197 @@
+// The console's commands: its buttons, the tray menu, mute, the hooks later panels
+// attach to, and the two companions beside the program (recorder and manual).
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "base/app_path.h"
+#include "base/dialogs.h"
+#include "core/application.h"
+#include "core/frmmain.h"
+
+namespace brevane {
+
+namespace fs = std::filesystem;
+
+void Frmmain::wireConsole() {
+    // Buttons whose panels are not in the program yet keep their place, disabled;
+    // the issue that brings a panel wires its button here.
+    const auto placeholder = [](CommandButton& button, const char* caption) {
+        button.setCaption(caption);
+        button.setEnabled(false);
+    };
+    placeholder(brainwavesButton, "Brainwaves");
+    placeholder(evolveButton, "Evolve");
+    placeholder(mp3Button, "MP3");
+    placeholder(cdButton, "CD");
+    placeholder(effectsButton, "Effects");
+    placeholder(scheduleButton, "Schedule");
+    placeholder(alarmSettingsButton, "...");
+    placeholder(alarmOnButton, "Alarm On");
+    placeholder(alarmOffButton, "Alarm Off");
+    placeholder(colorsButton, "Colors");
+    placeholder(importButton, "Import");
+    placeholder(exportButton, "Export");
+    placeholder(loadButton, "Load");
+    placeholder(saveButton, "Save");
+    placeholder(saveAsButton, "Save As");
+    placeholder(deleteButton, "Delete");
+    placeholder(presetAssignButton, "Assign");
+    placeholder(presetClearButton, "Clear");
+    placeholder(presetSaveAsButton, "Save As");
+    placeholder(presetLoadButton, "Load");
+    placeholder(switchToControllerButton, "Switch to controller");
+    alarmSettingsButton.setToolTip("Alarm settings");
+    for (std::size_t p = 0; p < presetButtons.size(); ++p) {
+        placeholder(presetButtons[p], SessionCarry::kUnassigned);
+    }
+
+    optionsButton.setCaption("Options");
+    optionsButton.onClick = [this] { app_.FRMOPTIONS.window.show(); };
+
+    recButton.setCaption("Rec");
+    recButton.setToolTip("Record what you hear with the companion recorder");
+    recButton.onClick = [this] { startRecorder(); };
+    helpButton.setCaption("Help");
+    helpButton.setToolTip("Open the manual");
+    helpButton.onClick = [this] { openManual(); };
+
+    infoButton.setCaption("Info");
+    infoButton.setToolTip("Show or hide the information about the scenario");
+    information.setText(kNoInformationText);
+    information.setVisible(false);
+    infoButton.onClick = [this] { information.setVisible(infoButton.value()); };
+
+    buildTrayMenu();
+}
+
+// ---- group sliders ----
+
+void Frmmain::onGroupMoved(MixGroup group, GroupHook hook) {
+    groupHooks_[static_cast<std::size_t>(group)].push_back(std::move(hook));
+}
+
+bool Frmmain::muted() const {
+    return mnuMute_->checked();
+}
+
+void Frmmain::mute() {
+    if (muted()) {
+        unmute();
+        return;
+    }
+    mutedMasterLevel_ = Master.value();
+    // Silence is Master at 0, below the lowest level a hand can set: every copy must
+    // be able to hold it too, or a copy would write its own lower end back.
+    setMasterFloor(0);
+    Master.setValue(0);
+    mnuMute().setChecked(true);
+}
+
+void Frmmain::unmute() {
+    // Unmarked first, so the kept level comes back as an ordinary move of Master.
+    mnuMute().setChecked(false);
+    const int before = Master.value();
+    Master.setValue(mutedMasterLevel_);
+    if (Master.value() == before) {
+        // A hand already put Master on the kept level: the copies still hold 0.
+        Master.fireChange();
+    }
+    // Only now, with every copy above it, may the hand's lower end come back.
+    setMasterFloor(mixGroupRange(MixGroup::Master).low);
+}
+
+void Frmmain::setMasterFloor(int low) {
+    Master.setRange(low, Master.high());
+    for (MixGroupFollower* follower : app_.groupFollowers()) {
+        if (Slider* copy = follower->groupCopy(MixGroup::Master)) {
+            copy->setRange(low, copy->high());
+        }
+    }
+}
+
+// ---- scenarios and the tray menu ----
+
+void Frmmain::fillScenarioList() {
+    // Every "*.scn" of config/scenarios by its name without the extension, sorted by
+    // name as a folder view lists them.
+    std::vector<std::string> names;
+    std::error_code ec;
+    for (fs::directory_iterator it(app_.appPath / "config/scenarios", ec), end; !ec && it != end;
+         it.increment(ec)) {
+        const fs::path& file = it->path();
+        std::error_code typeError;
+        if (!it->is_regular_file(typeError)) {
+            continue;
+        }
+        std::string extension = file.extension().string();
+        std::transform(extension.begin(), extension.end(), extension.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        if (extension == ".scn") {
+            names.push_back(withoutLastFour(file.filename().string()));
+        }
+    }
+    std::sort(names.begin(), names.end());
+    scenarioList.clear();
+    for (std::string& name : names) {
+        scenarioList.addItem(std::move(name));
+    }
+    buildScenarioMenu();
+}
+
+void Frmmain::buildTrayMenu() {
+    mnutray.setCaption("mnutray");
+    // The visuals and the remote join with their panels.
+    mnutray.addEntry("Slideshow").setEnabled(false);
+    mnutray.addEntry("Movie").setEnabled(false);
+    mnutray.addEntry("Panoramic").setEnabled(false);
+    mnutray.addSeparator();
+    mnuScenario_ = &mnutray.addEntry("Scenario");
+    mnuMute_ = &mnutray.addEntry("Mute");
+    mnuMute_->onClick = [this] { mute(); };
+    mnutray.addEntry("Show Remote").setEnabled(false);
+    MenuEntry& showMain = mnutray.addEntry("Show Main");
+    showMain.onClick = [this] { window.show(); };
+    MenuEntry& quit = mnutray.addEntry("Quit App");
+    quit.onClick = [this] { QuitCommand.click(); };
+    buildScenarioMenu();
+}
+
+void Frmmain::buildScenarioMenu() {
+    MenuEntry& menu = mnuScenario();
+    menu.clearEntries();
+    for (const std::string& name : scenarioList.items()) {
+        MenuEntry& entry = menu.addEntry(name);
+        entry.setEnabled(static_cast<bool>(scenarioLoader));
+        entry.onClick = [this, name] {
+            if (scenarioLoader) {
+                scenarioLoader(name);
+            }
+        };
+    }
+    if (scenarioList.count() > 0) {
+        menu.addSeparator();
+    }
+    // Both come with the scenario commands.
+    menu.addEntry("Load Random Scenario").setEnabled(false);
+    menu.addEntry("Load Scenario From Disk").setEnabled(false);
+}
+
+// ---- companions ----
+
+void Frmmain::startRecorder() {
+    if (!app_.launcher.startProgram(app_.appPath / kRecorderProgram)) {
+        app_.dialogs.message(MessageKind::Information, kRecorderMissingText);
+    }
+}
+
+void Frmmain::openManual() {
+    // A desktop without a handler for the manual leaves the click without effect; the
+    // console reports no error of its own.
+    app_.desktop.openDocument(app_.appPath / kManual);
+}
+
+}  // namespace brevane

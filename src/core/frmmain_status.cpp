@@ -1,0 +1,104 @@
+// The console's status panel: eight displays with fixed captions on their first two
+// lines and the live state of the panels on the other two.
+
+#include <string>
+
+#include "base/event_loop.h"
+#include "core/application.h"
+#include "core/frmmain.h"
+
+namespace brevane {
+
+namespace {
+
+void captions(LcdDisplay& display, const char* first, const char* second) {
+    display.setLine(1, first);
+    display.setLine(2, second);
+}
+
+}  // namespace
+
+void Frmmain::wireStatus() {
+    loadlcd1();
+    loadlcd2();
+    loadlcd4();
+    loadlcd6();
+    // The other displays' captions never change. The sound's name and the presets'
+    // list name carry their own meaning; so does the beat generator's range.
+    captions(LCD3, "Scheduler", "Playlist");
+    captions(LCD5, "Preset", "");
+    captions(LCD7, "", "Bank");
+    captions(LCD8, "Bwaves", "");
+
+    // What each display shows while its panel is idle, or not yet in the program.
+    LCD1.setLine(4, "N/A");
+    LCD2.setLine(4, "Disabled ");
+    LCD3.setLine(3, "Disabled");
+    LCD3.setLine(4, "N/A");
+    LCD5.setLine(3, "Unassigned");
+    LCD6.setLine(3, "Disabled");
+    LCD6.setLine(4, "Disabled");
+    LCD8.setLine(3, "Disabled");
+    LCD8.setLine(4, "None");
+    updatelcd4();
+
+    // The Identify panel keeps the latest sound current; the display follows it.
+    latestSoundName.onChange = [this] { LCD7.setLine(3, latestSoundName.text()); };
+    latestSoundLocation.onChange = [this] { LCD7.setLine(4, latestSoundLocation.text()); };
+
+    Timer2.onTick = [this] { clockTick(); };
+    Timercustomlcdupdate.onTick = [this] {
+        Timercustomlcdupdate.setEnabled(false);
+        checklcd();
+    };
+}
+
+std::array<LcdDisplay*, 8> Frmmain::displays() {
+    return {&LCD1, &LCD2, &LCD3, &LCD4, &LCD5, &LCD6, &LCD7, &LCD8};
+}
+
+void Frmmain::loadlcd1() {
+    captions(LCD1, "Scenario", "Previous");
+}
+
+void Frmmain::loadlcd2() {
+    captions(LCD2, "Time", "Alarm");
+}
+
+void Frmmain::loadlcd4() {
+    captions(LCD4, "Weather", "Night");
+}
+
+void Frmmain::loadlcd6() {
+    captions(LCD6, "Reverb", "Equalizer");
+}
+
+void Frmmain::checklcd() {
+    LCD1.setLine(3, app_.CurrentScenarioName);
+    updatelcd4();
+    const std::string& list = carry.PresetListName;
+    LCD5.setLine(3, list.empty() ? std::string("Unassigned") : "Presets: " + list);
+    // LCD7 follows the Identify panel on its own, and a scenario load's "Waiting...."
+    // stands on it until the next sound: a refresh leaves it alone.
+}
+
+void Frmmain::updatelcd4() {
+    LCD4.setLine(3, app_.weatherStatus);
+    LCD4.setLine(4, app_.nightStatus);
+}
+
+void Frmmain::updatelcdplaylist(const std::string& playlistName) {
+    LCD3.setLine(4, playlistName);
+}
+
+void Frmmain::clockTick() {
+    LCD2.setLine(3, app_.loop.timeOfDay());
+}
+
+void Frmmain::customBankChanged() {
+    // Each change starts the wait again, so a run of changes refreshes once.
+    Timercustomlcdupdate.setEnabled(false);
+    Timercustomlcdupdate.setEnabled(true);
+}
+
+}  // namespace brevane
