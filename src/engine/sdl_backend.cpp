@@ -9,6 +9,9 @@
 namespace brevane {
 
 SdlBackend::SdlBackend() {
+    // The program catches SIGTERM and SIGINT itself to save the session on the way out;
+    // SDL must never take those signals over, whichever subsystems it starts.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     initialised_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
 }
 
