@@ -299,6 +299,24 @@ void Mixer::reset() {
     stashLeft_ = 0;
 }
 
+float Mixer::softLimit(float x) {
+    // Many loops and one-shots at full volume can add up past full scale, which the
+    // device would clip with a harsh crackle. Below the knee the mix passes untouched;
+    // above it the level bends smoothly towards a ceiling just under full scale.
+    constexpr float kKnee = 0.8f;
+    constexpr float kCeiling = 0.98f;
+    constexpr float kHeadroom = kCeiling - kKnee;
+    const float magnitude = std::fabs(x);
+    if (magnitude <= kKnee) {
+        return x;
+    }
+    // t / (1 + t) leaves the knee at slope 1, like tanh, at the cost of one division:
+    // a mix of many full loops may sit above the knee most of the time.
+    const float over = (magnitude - kKnee) / kHeadroom;
+    const float bent = kKnee + kHeadroom * over / (1.0f + over);
+    return std::copysign(bent, x);
+}
+
 void Mixer::render(float* out, int frames) {
     ScopedFlushDenormals flush;
     while (frames > 0) {
@@ -336,6 +354,9 @@ void Mixer::renderSubBlock(float* out) {
         mix_[static_cast<std::size_t>(2 * i + 1)] = right_[static_cast<std::size_t>(i)];
     }
     runEffects();
+    for (float& x : mix_) {
+        x = softLimit(x);
+    }
     std::memcpy(out, mix_.data(), sizeof(float) * mix_.size());
     framesRendered_.fetch_add(kSubBlockFrames, std::memory_order_relaxed);
 }

@@ -106,6 +106,10 @@ class Mixer {
     // Any thread.
     static void allowWideLoop(bool allowed);
 
+    // The output stage: the identity below 0.8, bending smoothly above it towards 0.98,
+    // so that no mix, however loud, reaches full scale.
+    static float softLimit(float x);
+
   private:
     struct Voice {
         SampleRecord* sample = nullptr;

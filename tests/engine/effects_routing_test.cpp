@@ -53,9 +53,10 @@ class EffectsRouting : public ::testing::Test {
 };
 
 TEST_F(EffectsRouting, EqualizerBandsReachTheMixByTheirIds) {
-    playLoop();
+    // Quiet enough that a 15 dB boost stays below the output limiter's knee.
+    engine.setVolume(playLoop(), 32);
     const double dry = level();
-    ASSERT_GT(dry, 0.1);
+    ASSERT_GT(dry, 0.01);
 
     const int low = engine.enableEffect(EffectKind::Equalizer);
     const int mid = engine.enableEffect(EffectKind::Equalizer);

@@ -1,4 +1,5 @@
 #include "engine/mixer_engine.h"
+#include "engine/mixer.h"
 
 #include <gtest/gtest.h>
 
@@ -57,6 +58,29 @@ TEST_F(OfflineMix, VolumeIsLinearInAmplitudeAndHeldToItsRange) {
         engine.stop(ch);
         engine.render(512);
     }
+}
+
+TEST_F(OfflineMix, AMixPastFullScaleBendsBelowItAndItsQuietPartsPassUntouched) {
+    // Four loud loops sum to 4 x 0.9 x 0.707 = 2.5 on each side: far past full scale.
+    const SampleHandle loud = load("loud.wav", sine(220, 44100, 44100, 0.9f));
+    for (int i = 0; i < 4; ++i) {
+        playLoop(loud);
+    }
+    const std::vector<float> out = engine.render(8192);
+    const double top = peak(out);
+    EXPECT_LT(top, 1.0);
+    EXPECT_GT(top, 0.95) << "the limiter should bend, not duck the whole mix";
+    // Rising through the knee never folds back: the limited wave keeps its shape's order.
+    const std::vector<float> left = side(out, 0, 0, 200);
+    for (std::size_t i = 1; i < 50; ++i) {
+        ASSERT_GE(left[i], left[i - 1]) << "frame " << i;
+    }
+    // The limit is a curve of the sample alone: identical below the knee, continuous at it.
+    EXPECT_EQ(Mixer::softLimit(0.5f), 0.5f);
+    EXPECT_EQ(Mixer::softLimit(-0.8f), -0.8f);
+    EXPECT_NEAR(Mixer::softLimit(0.8001f), 0.8001f, 1e-6);
+    EXPECT_LT(Mixer::softLimit(1.0f), 1.0f);
+    EXPECT_EQ(Mixer::softLimit(-3.0f), -Mixer::softLimit(3.0f));
 }
 
 TEST_F(OfflineMix, PanIsEqualPowerWithTheFarSideSilentAtEitherEnd) {
