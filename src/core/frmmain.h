@@ -115,7 +115,7 @@ class Frmmain {
     LcdDisplay LCD4;  // "Weather", "Night": the generators' status words
     LcdDisplay LCD5;  // "Preset": "Presets: " and the list name; the preset's name
     LcdDisplay LCD6;  // "Reverb", "Equalizer": the effect presets, "Disabled" when off
-    LcdDisplay LCD7;  // the latest random sound; "Bank": where it sits
+    LcdDisplay LCD7;  // "Bank": the latest random sound; where it sits
     LcdDisplay LCD8;  // "Bwaves": the beat generator's list text; its range
     std::array<LcdDisplay*, 8> displays();
 

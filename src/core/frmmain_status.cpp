@@ -23,11 +23,12 @@ void Frmmain::wireStatus() {
     loadlcd2();
     loadlcd4();
     loadlcd6();
-    // The other displays' captions never change. The sound's name and the presets'
-    // list name carry their own meaning; so does the beat generator's range.
+    // The other displays' captions never change. Displays 5, 7 and 8 show one thing
+    // over both lines (the preset list and preset, the latest sound and where it sits
+    // in its bank, the beat generator's list and range): one caption heads them.
     captions(LCD3, "Scheduler", "Playlist");
     captions(LCD5, "Preset", "");
-    captions(LCD7, "", "Bank");
+    captions(LCD7, "Bank", "");
     captions(LCD8, "Bwaves", "");
 
     // What each display shows while its panel is idle, or not yet in the program.

@@ -147,30 +147,6 @@ TEST(IntroFade, ALevelPastTheTopEndsAtTheTop) {
     EXPECT_FALSE(app.frmmain.TimerIntroVolFade.enabled());
 }
 
-TEST(GroupSliders, ConsoleRandomReachesEveryBankAndABankWritesBack) {
-    Harness h;
-    Application& app = h.startAndLoad();
-    app.frmmain.Random.setValue(70);
-    for (RandomBank* bank : app.randomBanks()) {
-        EXPECT_EQ(bank->maxvol.value(), 70);
-    }
-    app.frmrandommain2.maxvol.setValue(30);
-    EXPECT_EQ(app.frmmain.Random.value(), 30);
-    for (RandomBank* bank : app.randomBanks()) {
-        EXPECT_EQ(bank->maxvol.value(), 30);
-    }
-    // The rest of the strip round-trips the same way.
-    app.frmrandommain4.MP3.setValue(4000);
-    EXPECT_EQ(app.frmmain.MP3.value(), 4000);
-    EXPECT_EQ(app.frmrandommain.MP3.value(), 4000);
-    app.frmrandommain.Background.setValue(55);
-    EXPECT_EQ(app.frmrandommain3.Background.value(), 55);
-    app.frmmain.CD.setValue(12);
-    app.frmmain.Bwaves.setValue(13);
-    EXPECT_EQ(app.frmrandommain2.CD.value(), 12);
-    EXPECT_EQ(app.frmrandommain2.Bwaves.value(), 13);
-}
-
 TEST(GroupSliders, MasterRecomputesThePlayingChannelsOfEveryBankButSlotOne) {
     Harness h;
     Application& app = h.startAndLoad();

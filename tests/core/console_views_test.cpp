@@ -5,9 +5,11 @@
 
 #include <QAction>
 #include <QImage>
+#include <QMainWindow>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSystemTrayIcon>
 #include <QTest>
 
 #include "core/app_harness.h"
@@ -258,6 +260,12 @@ TEST_F(ConsoleViews, TheTrayMenuIsBuiltFromTheConsolesMenuInItsOrder) {
                                     QStringLiteral("Load Random Scenario"),
                                     QStringLiteral("Load Scenario From Disk")}));
 
+    // A right click on the console offers the same menu, for desktops without a tray.
+    QMenu* consoleMenu = views->mainWindow().findChild<QMenu*>();
+    ASSERT_NE(consoleMenu, nullptr);
+    Q_EMIT consoleMenu->aboutToShow();
+    EXPECT_EQ(actionTexts(*consoleMenu), actionTexts(menu));
+
     // Mute from the menu; the next opening shows it checked.
     app->frmmain.Master.setValue(50);
     action(menu, QStringLiteral("Mute"))->trigger();
@@ -266,6 +274,31 @@ TEST_F(ConsoleViews, TheTrayMenuIsBuiltFromTheConsolesMenuInItsOrder) {
     EXPECT_TRUE(action(menu, QStringLiteral("Mute"))->isChecked());
     action(menu, QStringLiteral("Mute"))->trigger();
     EXPECT_EQ(app->frmmain.Master.value(), 50);
+}
+
+TEST_F(ConsoleViews, WithoutATrayTheHiddenConsoleWaitsInTheTaskBar) {
+    if (QSystemTrayIcon::isSystemTrayAvailable()) {
+        GTEST_SKIP() << "this desktop has a notification area";
+    }
+    QMainWindow& window = views->mainWindow();
+    ASSERT_TRUE(window.isVisible());
+    // Another window of the program on screen: the console simply hides.
+    app->frmback.show();
+    app->frmmain.window.hide();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isHidden());
+
+    // Alone, as "Minimize on startup" leaves it, it goes to the task bar instead.
+    app->frmback.window.hide();
+    app->frmmain.window.show();
+    app->frmmain.window.hide();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isMinimized());
+    EXPECT_FALSE(app->frmmain.window.visible());
+    // Coming back from the task bar shows the console again.
+    window.showNormal();
+    EXPECT_TRUE(app->frmmain.window.visible());
+    EXPECT_TRUE(app->MainShown);
 }
 
 TEST_F(ConsoleViews, AnOpenMenuOutlivingItsEntriesDoesNothing) {

@@ -1,18 +1,24 @@
 #include "ui/core/main_window.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
+#include <QSystemTrayIcon>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "core/frmmain.h"
 #include "ui/binding/bindings.h"
 #include "ui/core/panel_window_follow.h"
+#include "ui/core/tray_view.h"
 #include "ui/platform/qt_text.h"
 #include "ui/widgets/lcd_display_widget.h"
 #include "ui/widgets/style.h"
@@ -253,28 +259,80 @@ QWidget* panelSection(Frmmain& console, QWidget* parent) {
     return box;
 }
 
+// Without a notification area a hidden console has no way back, as the tray's "Show
+// Main" is not there to click. On such a desktop the console goes to the task bar
+// instead whenever it hides with no other window of the program left on screen, and
+// coming back from the task bar shows it again.
+class ConsoleWithoutTray final : public QObject {
+  public:
+    ConsoleWithoutTray(PanelWindow& panel, QMainWindow& window)
+        : QObject(&window), panel_(panel), window_(window) {
+        window_.installEventFilter(this);
+        watchId_ = panel_.watch([this] { follow(); });
+    }
+    ~ConsoleWithoutTray() override { panel_.unwatch(watchId_); }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &window_ && event->type() == QEvent::WindowStateChange &&
+            !window_.isMinimized() && window_.isVisible() && !panel_.visible()) {
+            panel_.show();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void follow() {
+        if (panel_.visible()) {
+            if (window_.isMinimized()) {
+                window_.showNormal();
+            }
+            return;
+        }
+        // Once the change has settled: the panel taking the console's place shows
+        // after the console hides.
+        QTimer::singleShot(0, this, [this] { minimizeIfAlone(); });
+    }
+
+    void minimizeIfAlone() {
+        if (panel_.visible() || QSystemTrayIcon::isSystemTrayAvailable()) {
+            return;
+        }
+        for (QWidget* other : QApplication::topLevelWidgets()) {
+            const Qt::WindowType type = other->windowType();
+            if (other != &window_ && other->isVisible() &&
+                (type == Qt::Window || type == Qt::Dialog)) {
+                return;
+            }
+        }
+        window_.showMinimized();
+    }
+
+    PanelWindow& panel_;
+    QMainWindow& window_;
+    Control::WatchId watchId_ = 0;
+};
+
 }  // namespace
 
 MainWindow::MainWindow(Frmmain& console, QWidget* parent) : QMainWindow(parent) {
     auto* central = new QWidget(this);
-    auto* root = new QVBoxLayout(central);
-    style::applySpacing(*root);
+    // One grid for the whole face, so the sections line up in columns: the mix above
+    // the scenarios, the displays above the presets and the panel buttons.
+    auto* root = new QGridLayout(central);
     root->setContentsMargins(style::kSectionGap, style::kSectionGap, style::kSectionGap,
                              style::kMargin);
-    root->setSpacing(style::kSectionGap);
-
-    auto* top = new QHBoxLayout();
-    top->setSpacing(style::kSectionGap);
-    top->addWidget(mixSection(console, central));
-    top->addWidget(statusSection(console, central), 1);
-    root->addLayout(top);
-
-    auto* bottom = new QHBoxLayout();
-    bottom->setSpacing(style::kSectionGap);
-    bottom->addWidget(scenarioSection(console, central), 3);
-    bottom->addWidget(presetSection(console, central), 3);
-    bottom->addWidget(panelSection(console, central), 2);
-    root->addLayout(bottom, 1);
+    root->setHorizontalSpacing(style::kSectionGap);
+    root->setVerticalSpacing(style::kSectionGap);
+    root->addWidget(mixSection(console, central), 0, 0);
+    root->addWidget(statusSection(console, central), 0, 1, 1, 2);
+    root->addWidget(scenarioSection(console, central), 1, 0);
+    root->addWidget(presetSection(console, central), 1, 1);
+    root->addWidget(panelSection(console, central), 1, 2);
+    root->setRowStretch(1, 1);
+    root->setColumnStretch(0, 3);
+    root->setColumnStretch(1, 3);
+    root->setColumnStretch(2, 2);
 
     // The console's own settings on the left, leaving it on the right.
     auto* footer = new QHBoxLayout();
@@ -286,11 +344,21 @@ MainWindow::MainWindow(Frmmain& console, QWidget* parent) : QMainWindow(parent) 
     footer->addWidget(button(console.helpButton, central, 0));
     footer->addSpacing(style::kSectionGap);
     footer->addWidget(button(console.switchToControllerButton, central));
-    root->addLayout(footer);
+    root->addLayout(footer, 2, 0, 1, 3);
 
     setCentralWidget(central);
     // Closing the console is the program's quit, which the quit routine handles.
     followPanelWindow(console.window, *this, OnClose::Leave);
+    new ConsoleWithoutTray(console.window, *this);
+
+    // A right click on the console offers the tray menu: on a desktop without a
+    // notification area it is the only way to Mute and the tray's other entries.
+    auto* menu = new QMenu(this);
+    connect(menu, &QMenu::aboutToShow, menu,
+            [menu, &console] { populateMenu(*menu, console.mnutray); });
+    central->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(central, &QWidget::customContextMenuRequested, menu,
+            [menu, central](const QPoint& at) { menu->popup(central->mapToGlobal(at)); });
 }
 
 }  // namespace brevane
