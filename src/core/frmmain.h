@@ -140,27 +140,27 @@ class Frmmain {
 
     // The command buttons, by caption. Those whose panel is not in the program yet
     // stand disabled in their place.
-    CommandButton brainwavesButton;        // "Brainwaves": frmbwave
-    CommandButton evolveButton;            // "Evolve": frmevolve
-    CommandButton mp3Button;               // "MP3": frmmainmp3
-    CommandButton cdButton;                // "CD": frmcd
-    CommandButton effectsButton;           // "Effects": frmeffects
-    CommandButton scheduleButton;          // "Schedule": Timers
-    CommandButton alarmSettingsButton;     // "..." beside the alarm: Alarm
-    CommandButton alarmOnButton;           // "Alarm On"
-    CommandButton alarmOffButton;          // "Alarm Off"
-    CommandButton colorsButton;            // "Colors": frmDemo
-    CommandButton optionsButton;           // "Options": FRMOPTIONS
-    CommandButton importButton;            // "Import": Frmimport
-    CommandButton exportButton;            // "Export": formexportscen
-    CommandButton loadButton;              // scenario "Load"
-    CommandButton saveButton;              // scenario "Save"
-    CommandButton saveAsButton;            // scenario "Save As"
-    CommandButton deleteButton;            // scenario "Delete"
-    CommandButton presetAssignButton;      // "Assign"
-    CommandButton presetClearButton;       // "Clear"
-    CommandButton presetSaveAsButton;      // the presets' "Save As"
-    CommandButton presetLoadButton;        // the presets' "Load"
+    CommandButton brainwavesButton;          // "Brainwaves": frmbwave
+    CommandButton evolveButton;              // "Evolve": frmevolve
+    CommandButton mp3Button;                 // "MP3": frmmainmp3
+    CommandButton cdButton;                  // "CD": frmcd
+    CommandButton effectsButton;             // "Effects": frmeffects
+    CommandButton scheduleButton;            // "Schedule": Timers
+    CommandButton alarmSettingsButton;       // "..." beside the alarm: Alarm
+    CommandButton alarmOnButton;             // "Alarm On"
+    CommandButton alarmOffButton;            // "Alarm Off"
+    CommandButton colorsButton;              // "Colors": frmDemo
+    CommandButton optionsButton;             // "Options": FRMOPTIONS
+    CommandButton importButton;              // "Import": Frmimport
+    CommandButton exportButton;              // "Export": formexportscen
+    CommandButton loadButton;                // scenario "Load"
+    CommandButton saveButton;                // scenario "Save"
+    CommandButton saveAsButton;              // scenario "Save As"
+    CommandButton deleteButton;              // scenario "Delete"
+    CommandButton presetAssignButton;        // "Assign"
+    CommandButton presetClearButton;         // "Clear"
+    CommandButton presetSaveAsButton;        // the presets' "Save As"
+    CommandButton presetLoadButton;          // the presets' "Load"
     CommandButton switchToControllerButton;  // "Switch to controller": frmremote2
     CommandButton recButton;                 // "Rec": the companion recorder
     CommandButton helpButton;                // "Help": the manual
@@ -198,6 +198,8 @@ class Frmmain {
     // Quit without the confirmation question: for a request to end from outside the
     // program (a termination signal), and the tail of QuitCommand.
     void quitWithoutAsking();
+    // From the start of the quit to the end of the program.
+    bool quitting() const { return quitting_; }
     // Master Stop.
     void masterStop();
     // The "Random" button: shows frmrandommain to frmrandommain4, or frmcustom, by

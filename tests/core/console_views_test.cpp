@@ -299,6 +299,11 @@ TEST_F(ConsoleViews, WithoutATrayTheHiddenConsoleWaitsInTheTaskBar) {
     window.showNormal();
     EXPECT_TRUE(app->frmmain.window.visible());
     EXPECT_TRUE(app->MainShown);
+
+    // The quit hides it for good.
+    app->frmmain.quitWithoutAsking();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isHidden());
 }
 
 TEST_F(ConsoleViews, AnOpenMenuOutlivingItsEntriesDoesNothing) {

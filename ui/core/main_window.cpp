@@ -265,8 +265,8 @@ QWidget* panelSection(Frmmain& console, QWidget* parent) {
 // coming back from the task bar shows it again.
 class ConsoleWithoutTray final : public QObject {
   public:
-    ConsoleWithoutTray(PanelWindow& panel, QMainWindow& window)
-        : QObject(&window), panel_(panel), window_(window) {
+    ConsoleWithoutTray(Frmmain& console, QMainWindow& window)
+        : QObject(&window), console_(console), panel_(console.window), window_(window) {
         window_.installEventFilter(this);
         watchId_ = panel_.watch([this] { follow(); });
     }
@@ -295,7 +295,8 @@ class ConsoleWithoutTray final : public QObject {
     }
 
     void minimizeIfAlone() {
-        if (panel_.visible() || QSystemTrayIcon::isSystemTrayAvailable()) {
+        // The quit hides the console on its way out; that is no time to show it.
+        if (panel_.visible() || console_.quitting() || QSystemTrayIcon::isSystemTrayAvailable()) {
             return;
         }
         for (QWidget* other : QApplication::topLevelWidgets()) {
@@ -308,6 +309,7 @@ class ConsoleWithoutTray final : public QObject {
         window_.showMinimized();
     }
 
+    Frmmain& console_;
     PanelWindow& panel_;
     QMainWindow& window_;
     Control::WatchId watchId_ = 0;
@@ -349,7 +351,7 @@ MainWindow::MainWindow(Frmmain& console, QWidget* parent) : QMainWindow(parent) 
     setCentralWidget(central);
     // Closing the console is the program's quit, which the quit routine handles.
     followPanelWindow(console.window, *this, OnClose::Leave);
-    new ConsoleWithoutTray(console.window, *this);
+    new ConsoleWithoutTray(console, *this);
 
     // A right click on the console offers the tray menu: on a desktop without a
     // notification area it is the only way to Mute and the tray's other entries.
