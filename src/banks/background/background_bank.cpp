@@ -704,6 +704,15 @@ void BackgroundBank::chooseFile(int s) {
     }
 }
 
+void BackgroundBank::renameFirstSlotByRightButton() {
+    if (!config_.custom) {
+        return;
+    }
+    renameFirstSlot = true;
+    checkClicked(1);
+    renameFirstSlot = false;
+}
+
 void BackgroundBank::bulkLoad(const std::array<std::string, kHandOverEntries>& handOver) {
     for (int s = 1; s <= kBackgroundSlots; ++s) {
         slot(s).on.setValue(0);

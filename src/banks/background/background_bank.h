@@ -135,8 +135,7 @@ class BackgroundBank : public MixGroupFollower {
     CheckBox hiddenCheck;
 
     // The custom bank's rename flag: while it is set, clicking slot 1's check box asks
-    // for a name for the row instead of switching the loop. No command of the program
-    // sets it; the panel keeps the behaviour for whoever does.
+    // for a name for the row instead of switching the loop.
     bool renameFirstSlot = false;
 
     // The last limits a target draw read, shared by all slots. They carry nothing
@@ -193,6 +192,9 @@ class BackgroundBank : public MixGroupFollower {
     void bulkLoad(const std::array<std::string, kHandOverEntries>& handOver);
     // Asks first; on Yes every slot becomes "Not Set" with no file.
     void resetAll();
+    // The right button on the custom bank's first check box: the rename flag is set for
+    // that one click, so the row is named, not switched. Elsewhere it does nothing.
+    void renameFirstSlotByRightButton();
 
     // The volume-update entry the console calls after a Master move is left empty: the
     // move reaches the bank's Master copy first, whose handler has already recomputed

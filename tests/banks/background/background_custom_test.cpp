@@ -13,11 +13,6 @@ using test::Op;
 using Strings = std::vector<std::string>;
 namespace fs = std::filesystem;
 
-constexpr const char* kFailureText =
-    "One or more custom backgrounds could not be located. The most likely reason for this is "
-    "that they have be moved or deleted. To prevent this message showing in the future, please "
-    "reselect the sounds on the custom backgrounds panel and resave the scenario.";
-
 class CustomBankTest : public ::testing::Test, public test::BackgroundBankFixture {
   protected:
     BackgroundBank& bank() { return app->frmbackcustom; }
@@ -184,32 +179,6 @@ TEST_F(CustomBankTest, AMovedFileLeavesItsRowNotSetWithoutAMessage) {
     EXPECT_EQ(bank().slot(2).path, "soundbanks/background sounds/Moved.wav");
 }
 
-TEST_F(CustomBankTest, ADamagedCustomFileShowsTheFailureBoxAndChangesNothing) {
-    bank().bulkLoad(handOver({makeSound("A.wav")}));
-    setKnownState();
-    ASSERT_TRUE(bank().dosave(h.tree.root() / "good.cbf"));
-    const std::string good = *readWholeFile(h.tree.root() / "good.cbf");
-    const std::string before = test::snapshot(bank());
-    const std::vector<std::string> damaged{
-        good.substr(0, good.rfind(',')),                          // 161 fields
-        std::string(good).replace(good.find(",850,"), 5, ",x,"),  // a text for a number
-        "",
-    };
-    for (const std::string& content : damaged) {
-        h.writeFile("bad.cbf", content);
-        h.engine.clearCalls();
-        h.dialogs.clear();
-        EXPECT_FALSE(bank().doload(h.tree.root() / "bad.cbf"));
-        ASSERT_EQ(h.dialogs.messages().size(), 1u);
-        EXPECT_EQ(h.dialogs.messages()[0], kFailureText);
-        EXPECT_TRUE(h.engine.calls().empty());
-        EXPECT_EQ(test::snapshot(bank()), before);
-    }
-    h.dialogs.clear();
-    EXPECT_FALSE(bank().doload(h.tree.root() / "none.cbf"));
-    EXPECT_EQ(h.dialogs.messages(), Strings{kFailureText});
-}
-
 TEST_F(CustomBankTest, ChoosingAFileOutsideTheSoundFolderAsksAgainUntilCancel) {
     BackgroundSoundSlot& sl = bank().slot(4);
     const fs::path outside = h.tree.root() / "bin/1.isz";
@@ -257,13 +226,8 @@ TEST_F(CustomBankTest, ChoosingAFileLoadsItNamesTheRowAndRestartsARunningLoop) {
     EXPECT_TRUE(h.engine.isPlaying(sl.channel));
     EXPECT_EQ(h.engine.callsOf(Op::LoadSample).back().path, sounds() / "Surf.wav");
     EXPECT_EQ(h.engine.playingCount(), 1u);
-}
 
-TEST_F(CustomBankTest, AFileThatCannotBeOpenedIsNamedButLeavesTheLoopOff) {
-    BackgroundSoundSlot& sl = bank().slot(1);
-    h.dialogs.answerFile(makeSound("A.wav"));
-    sl.chooser.click();
-    sl.on.setValue(1);
+    // A file the engine cannot open names the row but leaves the loop off.
     const fs::path broken = makeSound("Broken.wma");
     h.engine.failLoading(broken);
     h.dialogs.answerFile(broken);
@@ -325,21 +289,23 @@ TEST_F(CustomBankTest, ResetAllAsksFirstThenLeavesEverySlotSilentAndNotSet) {
     EXPECT_EQ(h.engine.playingCount(), 0u);
 }
 
-TEST_F(CustomBankTest, TheRenameFlagMakesTheFirstCheckBoxAskForANameInsteadOfSwitching) {
-    bank().renameFirstSlot = true;
+TEST_F(CustomBankTest, TheRightButtonOnTheFirstCheckBoxNamesTheRowInsteadOfSwitching) {
     h.dialogs.answerInput("My rain");
-    bank().slot(1).on.setValue(1);
+    bank().renameFirstSlotByRightButton();
     EXPECT_EQ(h.dialogs.shown().back().text, "Please type a name to identify this sound.");
     EXPECT_EQ(bank().slot(1).on.caption(), "My rain");
-    EXPECT_TRUE(h.engine.calls().empty());
-    // An empty answer keeps the caption; the second slot switches as ever.
-    bank().slot(1).on.setValue(0);
+    EXPECT_FALSE(bank().slot(1).on.checked());
+    // An empty answer keeps the caption.
+    bank().renameFirstSlotByRightButton();
     EXPECT_EQ(bank().slot(1).on.caption(), "My rain");
-    bank().slot(2).on.setValue(1);
-    EXPECT_EQ(h.engine.playingCount(), 1u);
-    // The fixed banks have no such flag.
+    EXPECT_TRUE(h.engine.calls().empty());
+    // The flag lasts one click: the next one switches the loop.
     h.dialogs.clear();
-    app->frmback.slot(1).on.setValue(1);
+    bank().slot(1).on.setValue(1);
+    EXPECT_TRUE(h.dialogs.shown().empty());
+    EXPECT_EQ(h.engine.playingCount(), 1u);
+    // The fixed banks are not renamed.
+    app->frmback.renameFirstSlotByRightButton();
     EXPECT_TRUE(h.dialogs.shown().empty());
 }
 

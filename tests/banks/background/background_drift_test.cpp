@@ -75,20 +75,6 @@ TEST_F(BackgroundDriftTest, ADefaultSlotWalksDownAStepASecondToZeroThenWandersIn
     EXPECT_GE(turns, 5);
 }
 
-TEST_F(BackgroundDriftTest, TheRateSetsTheStepInterval) {
-    BackgroundSoundSlot& sl = app->frmback2.slot(3);
-    const std::map<int, int> intervals{{1, 4995}, {800, 1000}, {999, 5}, {500, 2500}};
-    for (const auto& [rate, ms] : intervals) {
-        sl.rate.setValue(rate);
-        EXPECT_EQ(sl.timer.interval(), ms) << rate;
-    }
-    // At 999 a slot walks 200 steps a second.
-    sl.volume.setValue(250);
-    sl.on.setValue(1);
-    h.loop.advance(1000);
-    EXPECT_EQ(sl.volume.value(), 50);
-}
-
 TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTarget) {
     BackgroundSoundSlot& sl = app->frmback.slot(8);
     setLimits(sl, 200, 200);
@@ -103,9 +89,11 @@ TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTa
     EXPECT_EQ(sl.volume.value(), 10);
     EXPECT_EQ(sl.driftTarget, 200);
 
-    sl.rate.setValue(990);  // 50 ms a step
+    sl.rate.setValue(990);  // (1000 - 990) x 5 = 50 ms a step
     h.loop.advance(1000);
     EXPECT_EQ(sl.volume.value(), 30);
+    sl.rate.setValue(1);  // the slowest
+    EXPECT_EQ(sl.timer.interval(), 4995);
 }
 
 TEST_F(BackgroundDriftTest, MovingALimitDrawsANewTargetAtOnceEvenWhenTheSlotIsOff) {

@@ -195,54 +195,42 @@ TEST_F(BackgroundFilesTest, ALoadStartsTheWantedLoopsSilentlyStopsEverythingThen
     EXPECT_EQ(b.slot(17).driftTarget, 0);
 }
 
-TEST_F(BackgroundFilesTest, ABarValueOf255ShowsLimitZeroAndOneBelowZeroIsRefused) {
-    BackgroundBank& b = app->frmback;
-    b.slot(3).lowLimitBar.setValue(200);
-    std::vector<int> f = defaultFields();
-    f[94] = 255;          // slot 1 lower bar
-    f[94 + 2 * 2] = -20;  // slot 3 lower bar
-    f[95 + 2 * 2] = 300;  // slot 3 upper bar
-    h.writeFile("bars.bcf", join(f));
-    ASSERT_TRUE(b.doload(file("bars.bcf")));
-    EXPECT_EQ(b.slot(1).lowLimitBar.value(), 250);
-    EXPECT_EQ(b.slot(1).lowLimitText.text(), "0");
-    EXPECT_EQ(b.slot(3).lowLimitBar.value(), 200);
-    EXPECT_EQ(b.slot(3).highLimitBar.value(), 0);
-    EXPECT_TRUE(h.dialogs.shown().empty());
-}
-
 TEST_F(BackgroundFilesTest, ADamagedBankFileShowsTheBanksMessageAndChangesNothing) {
     std::vector<int> full = defaultFields();
     full[58] = 1;
-    std::string good = join(full);
+    const std::string good = join(full);
     const std::vector<std::pair<std::string, std::string>> damaged{
         {"empty", ""},
         {"short", good.substr(0, good.rfind(','))},
         {"text in a number", std::string(good).replace(good.find(",800,"), 5, ",abc,")},
         {"quoted", "\"hello\"\r\n"},
         {"unclosed", "1,2,\"3"},
+        {"missing", "-"},
     };
-    BackgroundBank& b = app->frmback;
-    setKnownState(b);
-    for (BackgroundBank* bank : {&app->frmback, &app->frmback2}) {
+    const std::vector<std::pair<BackgroundBank*, std::string>> banks{
+        {&app->frmback, "There was a problem loading the background bank one settings."},
+        {&app->frmback2, "There was a problem loading the background bank two settings."},
+        {&app->frmbackcustom,
+         "One or more custom backgrounds could not be located. The most likely reason for this "
+         "is that they have be moved or deleted. To prevent this message showing in the future, "
+         "please reselect the sounds on the custom backgrounds panel and resave the scenario."},
+    };
+    setKnownState(app->frmback);
+    for (const auto& [bank, message] : banks) {
         const std::string before = test::snapshot(*bank);
         for (const auto& [what, content] : damaged) {
-            h.writeFile("bad.bcf", content);
+            fs::remove(file("bad"));
+            if (what != "missing") {
+                h.writeFile("bad", content);
+            }
             h.engine.clearCalls();
             h.dialogs.clear();
-            EXPECT_FALSE(bank->doload(file("bad.bcf"))) << what;
-            ASSERT_EQ(h.dialogs.messages().size(), 1u) << what;
-            EXPECT_EQ(h.dialogs.messages()[0],
-                      bank == &app->frmback
-                          ? "There was a problem loading the background bank one settings."
-                          : "There was a problem loading the background bank two settings.");
+            EXPECT_FALSE(bank->doload(file("bad"))) << what;
+            ASSERT_EQ(h.dialogs.messages(), Strings{message}) << what;
             EXPECT_EQ(h.dialogs.shown()[0].messageKind, MessageKind::Information);
             EXPECT_TRUE(h.engine.calls().empty()) << what;
             EXPECT_EQ(test::snapshot(*bank), before) << what;
         }
-        h.dialogs.clear();
-        EXPECT_FALSE(bank->doload(file("missing.bcf")));
-        EXPECT_EQ(h.dialogs.messages().size(), 1u);
     }
 }
 

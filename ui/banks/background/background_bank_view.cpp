@@ -1,12 +1,13 @@
 #include "ui/banks/background/background_bank_view.h"
 
 #include <algorithm>
+#include <array>
 
 #include <QCheckBox>
 #include <QFontMetrics>
 #include <QFrame>
-#include <QGridLayout>
 #include <QGroupBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +19,7 @@
 #include <QVBoxLayout>
 
 #include "banks/background/background_bank.h"
+#include "ui/banks/group_strip.h"
 #include "ui/binding/bindings.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/platform/qt_text.h"
@@ -161,18 +163,6 @@ QWidget* bulkButtons(std::array<CommandButton, 4>& buttons, const QString& colum
     return box;
 }
 
-// A limit column's two bulk buttons, up above down.
-QWidget* rangeButtons(CommandButton& up, CommandButton& down, const QString& limit,
-                      QWidget* parent) {
-    auto* box = new QWidget(parent);
-    auto* column = new QVBoxLayout(box);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
-    column->addWidget(smallButton(up, limit + QStringLiteral(" limit up"), box));
-    column->addWidget(smallButton(down, limit + QStringLiteral(" limit down"), box));
-    return box;
-}
-
 QWidget* channelGrid(BackgroundBank& bank, QWidget* parent) {
     auto* widget = new ChannelGrid(parent);
     QGridLayout& grid = widget->grid();
@@ -220,6 +210,12 @@ QWidget* channelGrid(BackgroundBank& bank, QWidget* parent) {
         on->setMinimumWidth(nameWidth + 30);
         on->setAccessibleName(slotName);
         bindWidget(sl.on, *on);
+        if (bank.custom() && s == 1) {
+            // The first row of the custom bank is named by the right button.
+            on->setContextMenuPolicy(Qt::CustomContextMenu);
+            QObject::connect(on, &QWidget::customContextMenuRequested, on,
+                             [&bank] { bank.renameFirstSlotByRightButton(); });
+        }
         grid.addWidget(on, row, kName);
 
         grid.addWidget(rowSlider(sl.volume, slotName + QStringLiteral(" volume"), 25, widget), row,
@@ -245,22 +241,25 @@ QWidget* channelGrid(BackgroundBank& bank, QWidget* parent) {
     rule->setFrameShape(QFrame::HLine);
     rule->setFrameShadow(QFrame::Sunken);
     grid.addWidget(rule, kBulkRow, 0, 1, kColumns);
-    const int buttons = kBulkRow + 1;
-    auto* all = heading(QStringLiteral("All slots"), widget, Qt::AlignLeft);
-    all->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    grid.addWidget(all, buttons, kChooser, 1, 2, Qt::AlignTop);
-    grid.addWidget(bulkButtons(bank.volumeButtons, QStringLiteral("Volume"), widget), buttons,
-                   kVolume, 1, 2, Qt::AlignTop);
-    grid.addWidget(
-        rangeButtons(bank.rangeButtons[0], bank.rangeButtons[1], QStringLiteral("Lower"), widget),
-        buttons, kLowText, 1, 2, Qt::AlignTop);
-    grid.addWidget(
-        rangeButtons(bank.rangeButtons[2], bank.rangeButtons[3], QStringLiteral("Upper"), widget),
-        buttons, kHighText, 1, 2, Qt::AlignTop);
-    grid.addWidget(bulkButtons(bank.rateButtons, QStringLiteral("Rate"), widget), buttons, kRate,
-                   Qt::AlignTop);
-    grid.addWidget(bulkButtons(bank.balanceButtons, QStringLiteral("Balance"), widget), buttons,
-                   kBalance, Qt::AlignTop);
+    // The range columns stack their "down" buttons under their "up" ones.
+    const int upRow = kBulkRow + 1;
+    const int downRow = kBulkRow + 2;
+    grid.addWidget(heading(QStringLiteral("All slots"), widget, Qt::AlignLeft), upRow, kChooser, 1,
+                   2, Qt::AlignVCenter);
+    grid.addWidget(bulkButtons(bank.volumeButtons, QStringLiteral("Volume"), widget), upRow,
+                   kVolume, 1, 2);
+    const std::array<std::pair<int, QString>, 4> range{
+        {{kLowText, QStringLiteral("Lower limit up")},
+         {kLowText, QStringLiteral("Lower limit down")},
+         {kHighText, QStringLiteral("Upper limit up")},
+         {kHighText, QStringLiteral("Upper limit down")}}};
+    for (std::size_t b = 0; b < range.size(); ++b) {
+        grid.addWidget(smallButton(bank.rangeButtons[b], range[b].second, widget),
+                       b % 2 == 0 ? upRow : downRow, range[b].first, 1, 2);
+    }
+    grid.addWidget(bulkButtons(bank.rateButtons, QStringLiteral("Rate"), widget), upRow, kRate);
+    grid.addWidget(bulkButtons(bank.balanceButtons, QStringLiteral("Balance"), widget), upRow,
+                   kBalance);
 
     grid.setColumnStretch(kVolume, 3);
     grid.setColumnStretch(kRate, 2);
@@ -270,39 +269,6 @@ QWidget* channelGrid(BackgroundBank& bank, QWidget* parent) {
         grid.setColumnMinimumWidth(kChooser, 0);
     }
     return widget;
-}
-
-// The strip of the panel's copies of the six group faders.
-QGroupBox* groupStrip(BackgroundBank& bank, QWidget* parent) {
-    auto* box = new QGroupBox(QStringLiteral("Mix"), parent);
-    auto* grid = new QGridLayout(box);
-    style::applySpacing(*grid);
-    const std::pair<Slider*, QString> faders[] = {
-        {&bank.MP3, QStringLiteral("MP3")},           {&bank.CD, QStringLiteral("CD")},
-        {&bank.maxvol, QStringLiteral("Background")}, {&bank.Random, QStringLiteral("Random")},
-        {&bank.Bwaves, QStringLiteral("Bwaves")},     {&bank.Master, QStringLiteral("Master")}};
-    // Equal columns, wide enough for the longest name and the largest value.
-    const QFontMetrics metrics(style::smallFont());
-    int columnWidth = metrics.horizontalAdvance(QStringLiteral("0000"));
-    for (const auto& fader : faders) {
-        columnWidth = std::max(columnWidth, metrics.horizontalAdvance(fader.second));
-    }
-    int column = 0;
-    for (const auto& [control, name] : faders) {
-        grid->setColumnMinimumWidth(column, columnWidth);
-        auto* value = smallLabel(QString(), box, Qt::AlignHCenter);
-        showValue(*control, *value);
-        auto* slider = new QSlider(Qt::Vertical, box);
-        slider->setMinimumHeight(160);
-        slider->setAccessibleName(name);
-        bindWidget(*control, *slider);
-        grid->addWidget(value, 0, column, Qt::AlignHCenter);
-        grid->addWidget(slider, 1, column, Qt::AlignHCenter);
-        grid->addWidget(smallLabel(name, box, Qt::AlignHCenter), 2, column, Qt::AlignHCenter);
-        ++column;
-    }
-    grid->setRowStretch(1, 1);
-    return box;
 }
 
 QPushButton* commandButton(CommandButton& control, QWidget* parent) {
@@ -329,7 +295,10 @@ BackgroundBankView::BackgroundBankView(BackgroundBank& bank, QWidget* parent)
 
     auto* side = new QVBoxLayout();
     side->setSpacing(style::kSectionGap);
-    side->addWidget(groupStrip(bank, this), 1);
+    side->addWidget(
+        groupStrip({bank.MP3, bank.CD, bank.maxvol, bank.Random, bank.Bwaves, bank.Master},
+                   MixGroup::Background, this),
+        1);
     auto* commands = new QGridLayout();
     commands->setSpacing(style::kSpacing);
     commands->addWidget(commandButton(bank.stopButton, this), 0, 0, 1, 2);

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "banks/random/random_bank.h"
+#include "ui/banks/group_strip.h"
 #include "ui/binding/bindings.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/widgets/style.h"
@@ -193,46 +194,6 @@ QHBoxLayout* navigationRow(RandomBank& bank, QWidget* parent) {
     return row;
 }
 
-// The strip of the panel's copies of the six group sliders.
-QGroupBox* groupStrip(RandomBank& bank, QWidget* parent) {
-    auto* box = new QGroupBox(QStringLiteral("Mix"), parent);
-    auto* grid = new QGridLayout(box);
-    style::applySpacing(*grid);
-    const std::pair<Slider*, QString> faders[] = {{&bank.MP3, QStringLiteral("MP3")},
-                                                  {&bank.CD, QStringLiteral("CD")},
-                                                  {&bank.Background, QStringLiteral("Background")},
-                                                  {&bank.maxvol, QStringLiteral("Random")},
-                                                  {&bank.Bwaves, QStringLiteral("Bwaves")},
-                                                  {&bank.Master, QStringLiteral("Master")}};
-    // Equal columns, however long a fader's name.
-    int columnWidth = 0;
-    for (const auto& fader : faders) {
-        columnWidth =
-            std::max(columnWidth, QFontMetrics(style::smallFont()).horizontalAdvance(fader.second));
-    }
-    int column = 0;
-    for (const auto& [control, name] : faders) {
-        grid->setColumnMinimumWidth(column, columnWidth);
-        auto* value = new QLabel(box);
-        value->setFont(style::smallFont());
-        value->setAlignment(Qt::AlignHCenter);
-        showValue(*control, *value);
-        auto* slider = new QSlider(Qt::Vertical, box);
-        slider->setMinimumHeight(140);
-        slider->setAccessibleName(name);
-        bindWidget(*control, *slider);
-        auto* caption = new QLabel(name, box);
-        caption->setFont(style::smallFont());
-        caption->setAlignment(Qt::AlignHCenter);
-        grid->addWidget(value, 0, column, Qt::AlignHCenter);
-        grid->addWidget(slider, 1, column, Qt::AlignHCenter);
-        grid->addWidget(caption, 2, column, Qt::AlignHCenter);
-        ++column;
-    }
-    grid->setRowStretch(1, 1);
-    return box;
-}
-
 }  // namespace
 
 RandomBankView::RandomBankView(RandomBank& bank, QWidget* parent) : QWidget(parent, Qt::Window) {
@@ -258,7 +219,9 @@ RandomBankView::RandomBankView(RandomBank& bank, QWidget* parent) : QWidget(pare
     columns->addWidget(divider);
     columns->addWidget(slotColumn(bank, kRandomRowsPerColumn + 1, sounds), 1);
     body->addWidget(sounds, 1);
-    body->addWidget(groupStrip(bank, this));
+    body->addWidget(
+        groupStrip({bank.MP3, bank.CD, bank.Background, bank.maxvol, bank.Bwaves, bank.Master},
+                   MixGroup::Random, this));
     root->addLayout(body, 1);
 
     root->addLayout(commandRow(bank, this));
