@@ -1,6 +1,7 @@
 #include "base/file_io.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -33,6 +34,8 @@ std::optional<std::string> readWholeFile(const fs::path& file, std::uintmax_t ma
 
 namespace {
 
+constexpr std::string_view kTemporaryMark = ".tmp~";
+
 bool writeAll(int fd, std::string_view content) {
     const char* p = content.data();
     std::size_t left = content.size();
@@ -55,7 +58,8 @@ bool writeAll(int fd, std::string_view content) {
 bool writeFileAtomically(const fs::path& file, std::string_view content) {
     static std::atomic<unsigned> counter{0};
     fs::path temp = file;
-    temp += ".tmp~" + std::to_string(::getpid()) + "." + std::to_string(counter++);
+    temp +=
+        std::string(kTemporaryMark) + std::to_string(::getpid()) + "." + std::to_string(counter++);
 
     const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (fd < 0) {
@@ -70,6 +74,32 @@ bool writeFileAtomically(const fs::path& file, std::string_view content) {
         ::unlink(temp.c_str());
     }
     return ok;
+}
+
+int removeLeftoverTemporaries(const fs::path& folder) {
+    int removed = 0;
+    std::error_code ec;
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        const std::size_t mark = name.rfind(kTemporaryMark);
+        if (mark == std::string::npos || !it->is_regular_file(ec)) {
+            continue;
+        }
+        // "<file>.tmp~<pid>.<n>": the writer's process id, then a counter.
+        const std::string tail = name.substr(mark + kTemporaryMark.size());
+        const std::size_t dot = tail.find('.');
+        if (dot == 0 || dot == std::string::npos || tail.find_first_not_of("0123456789") != dot ||
+            dot > 9) {
+            continue;
+        }
+        const auto pid = static_cast<pid_t>(std::stol(tail.substr(0, dot)));
+        const bool gone = pid != ::getpid() && ::kill(pid, 0) != 0 && errno == ESRCH;
+        std::error_code removeError;
+        if (gone && fs::remove(it->path(), removeError)) {
+            ++removed;
+        }
+    }
+    return removed;
 }
 
 }  // namespace brevane

@@ -23,4 +23,9 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& file,
 // the old file untouched. The folder must exist.
 bool writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
+// Removes from `folder` (not its subfolders) the temporary files of writes above whose
+// process is gone: a program killed in the middle of a write leaves one beside the
+// file it was replacing. Those of running processes stay. Returns how many went.
+int removeLeftoverTemporaries(const std::filesystem::path& folder);
+
 }  // namespace brevane

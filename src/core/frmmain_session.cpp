@@ -79,6 +79,9 @@ void Frmmain::trackMainShown() {
 // ---- start ----
 
 void Frmmain::readMainAtLoad() {
+    // A session file whose write was cut short by a kill is still whole, but the
+    // temporary copy it was written through stays beside it; it goes here.
+    removeLeftoverTemporaries(app_.appPath.root());
     const auto content = readWholeFile(app_.appPath / kMainFile);
     if (!content) {
         return;
