@@ -30,23 +30,10 @@ class CustomBankTest : public ::testing::Test, public test::BackgroundBankFixtur
         return entries;
     }
     void setKnownState() {
-        app->frmmain.Bwaves.setValue(7);
-        app->frmmain.MP3.setValue(1234);
-        app->frmmain.Random.setValue(33);
-        BackgroundBank& b = bank();
-        for (int s = 1; s <= kBackgroundSlots; ++s) {
-            BackgroundSoundSlot& sl = b.slot(s);
-            sl.volume.setValue(10 * s);
-            sl.balance.setValue(100 + s);
-            sl.rate.setValue(50 * s);
-            sl.lowLimitBar.setValue(250 - s);
-            sl.highLimitBar.setValue(s);
-        }
-        b.hiddenVolume.setValue(77);
-        b.hiddenRate.setValue(321);
-        b.hiddenCheck.setValue(1);
-        b.slot(2).on.setValue(1);
-        b.slot(17).on.setValue(1);
+        test::setKnownState(*app, bank());
+        bank().hiddenVolume.setValue(77);
+        bank().hiddenRate.setValue(321);
+        bank().hiddenCheck.setValue(1);
     }
 };
 

@@ -112,6 +112,24 @@ inline std::string snapshot(const BackgroundBank& bank) {
     return s.str();
 }
 
+// A known state: volume 10 x s, balance 100 + s, rate 50 x s, lower limit s and upper
+// limit 250 - s, slots 2 and 17 on; the console's Bwaves 7, MP3 1234, Random 33.
+inline void setKnownState(Application& app, BackgroundBank& b) {
+    app.frmmain.Bwaves.setValue(7);
+    app.frmmain.MP3.setValue(1234);
+    app.frmmain.Random.setValue(33);
+    for (int s = 1; s <= kBackgroundSlots; ++s) {
+        BackgroundSoundSlot& sl = b.slot(s);
+        sl.volume.setValue(10 * s);
+        sl.balance.setValue(100 + s);
+        sl.rate.setValue(50 * s);
+        sl.lowLimitBar.setValue(250 - s);
+        sl.highLimitBar.setValue(s);
+    }
+    b.slot(2).on.setValue(1);
+    b.slot(17).on.setValue(1);
+}
+
 // A started Application with Master and Background at 100, the random banks' schedulers
 // stopped, no calls recorded yet.
 class BackgroundBankFixture {
