@@ -110,6 +110,7 @@ void Frmmain::load() {
         bank->load();
     }
     app_.frmcustom.load();
+    watchCustomBanks();
     app_.Form3.load();
     app_.Form33.load();
     app_.Frmsoundindent.load();

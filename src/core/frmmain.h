@@ -135,7 +135,8 @@ class Frmmain {
     Timer Timer2;
     // One shot after a custom bank changes: checklcd.
     Timer Timercustomlcdupdate;
-    // Arms Timercustomlcdupdate (again).
+    // Arms Timercustomlcdupdate (again). Runs whenever a slot of a custom bank takes
+    // another sound or name.
     void customBankChanged();
 
     // The command buttons, by caption. Those whose panel is not in the program yet
@@ -230,6 +231,7 @@ class Frmmain {
     void buildTrayMenu();
     void fillScenarioList();
     void clockTick();
+    void watchCustomBanks();
     void unmute();
     // Moves the lower end of Master and of every copy of it: 0 while muted.
     void setMasterFloor(int low);

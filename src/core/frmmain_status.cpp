@@ -1,6 +1,7 @@
 // The console's status panel: eight displays with fixed captions on their first two
 // lines and the live state of the panels on the other two.
 
+#include <memory>
 #include <string>
 
 #include "base/event_loop.h"
@@ -94,6 +95,28 @@ void Frmmain::updatelcdplaylist(const std::string& playlistName) {
 
 void Frmmain::clockTick() {
     LCD2.setLine(3, app_.loop.timeOfDay());
+}
+
+void Frmmain::watchCustomBanks() {
+    // A custom bank's slot shows its sound by its caption, which changes when the
+    // slot takes another file or name, one at a time or by a whole bank file.
+    const auto follow = [this](Control& slot) {
+        // The caption last seen lives beside the handler: a notification may run a
+        // copy of the handler.
+        auto shown = std::make_shared<std::string>(slot.caption());
+        slot.watch([this, &slot, shown] {
+            if (slot.caption() != *shown) {
+                *shown = slot.caption();
+                customBankChanged();
+            }
+        });
+    };
+    for (int s = 1; s <= kRandomSlots; ++s) {
+        follow(app_.frmcustom.slot(s).name);
+    }
+    for (int s = 1; s <= kBackgroundSlots; ++s) {
+        follow(app_.frmbackcustom.slot(s).on);
+    }
 }
 
 void Frmmain::customBankChanged() {

@@ -378,16 +378,24 @@ TEST_F(Console, ACustomBankChangeRefreshesTheDisplaysOnceAfterThreeSeconds) {
     h.loop.advance(Frmmain::kFirstRunMs);
     app.CurrentScenarioName = "";
     app.frmmain.checklcd();
-    app.frmmain.customBankChanged();
+    // A slot of the custom random bank renamed.
+    h.dialogs.answerInput("Garden wren");
+    app.frmcustom.renameSlot(2);
     h.loop.advance(2000);
     app.CurrentScenarioName = "My Own";
-    // A second change starts the wait again.
-    app.frmmain.customBankChanged();
+    // A second change, on the custom background bank, starts the wait again.
+    app.frmbackcustom.slot(5).on.setCaption("Brook");
     h.loop.advance(2999);
     EXPECT_EQ(app.frmmain.LCD1.line(3), "");
     h.loop.advance(1);
     EXPECT_EQ(app.frmmain.LCD1.line(3), "My Own");
     EXPECT_FALSE(app.frmmain.Timercustomlcdupdate.enabled());
+
+    // Ticking a custom loop on is no change of the bank.
+    app.CurrentScenarioName = "Unchanged";
+    app.frmbackcustom.slot(5).on.setValue(1);
+    h.loop.advance(Frmmain::kCustomLcdUpdateMs);
+    EXPECT_EQ(app.frmmain.LCD1.line(3), "My Own");
 }
 
 // ---- tray ----
