@@ -471,17 +471,6 @@ TEST_F(Console, HelpOpensTheManualInTheTreeAndReportsNothing) {
     EXPECT_TRUE(h.dialogs.shown().empty());
 }
 
-TEST_F(Console, InfoShowsAndHidesTheInformationArea) {
-    Application& app = start();
-    Frmmain& c = app.frmmain;
-    EXPECT_FALSE(c.information.visible());
-    EXPECT_EQ(c.information.text(), "There is currently no information for this scenario.");
-    c.infoButton.setValue(true);
-    EXPECT_TRUE(c.information.visible());
-    c.infoButton.setValue(false);
-    EXPECT_FALSE(c.information.visible());
-}
-
 TEST_F(Console, PanelButtonsShowPanelsAlreadyInBeing) {
     Application& app = start();
     Frmmain& c = app.frmmain;
