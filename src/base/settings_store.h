@@ -22,6 +22,27 @@ class SettingsStore {
                         const std::string& fallback) const;
 };
 
+// A panel's window position as the store keeps it: in twips (15 to a pixel), in the
+// panel's own section, read from "MainLeft" and "Maintop" and written to "Mainleft" and
+// "Maintop". Some panels read their top with an offset added and write it back as it
+// stands, so they creep down from one session to the next; that is theirs to keep.
+struct WindowPosition {
+    int left = 0;
+    int top = 0;
+};
+
+// The kept position, the top with `topOffset` added; nothing when the section holds
+// neither value.
+std::optional<WindowPosition> readWindowPosition(const SettingsStore& store,
+                                                 const std::string& section, int topOffset = 0);
+void writeWindowPosition(SettingsStore& store, const std::string& section,
+                         const WindowPosition& position);
+
+// The number a text begins with, as typed lists and the settings store are read:
+// leading blanks skipped, an optional sign, then digits; 0 when there are none. Kept
+// within the range of an int.
+long long leadingNumber(const std::string& text);
+
 class MemorySettingsStore : public SettingsStore {
   public:
     std::optional<std::string> value(const std::string& section,

@@ -246,6 +246,21 @@ TEST_F(SessionStart, TheTemporaryOfAWriteCutShortByAKillGoesAtTheNextStart) {
     EXPECT_TRUE(fs::exists(at("notes.tmp~old")));
 }
 
+TEST_F(SessionStart, TheIdentifyPanelKeepsItsPlaceInItsOwnSection) {
+    SessionRun run(tree.root());
+    run.settings.setValue("Settings25", "MainLeft", "3000");
+    run.settings.setValue("Settings25", "Maintop", "  1800");
+    Application& app = run.startAndLoad();
+    ASSERT_TRUE(app.Frmsoundindent.position.has_value());
+    EXPECT_EQ(app.Frmsoundindent.position->left, 3000);
+    EXPECT_EQ(app.Frmsoundindent.position->top, 1800);
+
+    app.Frmsoundindent.position = WindowPosition{450, 600};
+    app.frmmain.quitWithoutAsking();
+    EXPECT_EQ(run.settings.value("Settings25", "Mainleft"), "450");
+    EXPECT_EQ(run.settings.value("Settings25", "Maintop"), "600");
+}
+
 TEST_F(SessionStart, TheRestoreRunsOnlyWithTheOptionAndInItsOrder) {
     // Every bank copy damaged: each bank's load entry says so in its own words, so the
     // messages tell the order the copies were handed over in.

@@ -1,5 +1,6 @@
 #include "banks/random/identify_panel.h"
 
+#include "base/settings_store.h"
 #include "core/application.h"
 
 namespace brevane {
@@ -25,11 +26,15 @@ IdentifyPanel::IdentifyPanel(Application& app) : Timer1(app.loop, kRefreshMs), a
 }
 
 void IdentifyPanel::load() {
+    position = readWindowPosition(app_.settings, kSettingsSection);
     Timer1.setEnabled(true);
 }
 
 void IdentifyPanel::unload() {
     Timer1.setEnabled(false);
+    if (position) {
+        writeWindowPosition(app_.settings, kSettingsSection, *position);
+    }
 }
 
 void IdentifyPanel::refresh() {

@@ -8,13 +8,17 @@
 // both to the console's latest-sound fields, and trims each list by its first row
 // while it holds more than 20.
 //
+// The window's position is kept in the settings store, section "Settings25".
+//
 // Not thread-safe: a panel lives on the event thread.
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "base/controls.h"
 #include "base/event_loop.h"
+#include "base/settings_store.h"
 
 namespace brevane {
 
@@ -26,6 +30,7 @@ class IdentifyPanel {
     // Rows a list keeps before each refresh trims its first.
     static constexpr int kMaxRows = 20;
     static constexpr const char* kWaiting = "Waiting...";
+    static constexpr const char* kSettingsSection = "Settings25";
 
     explicit IdentifyPanel(Application& app);
 
@@ -40,6 +45,9 @@ class IdentifyPanel {
     CommandButton customButton;
 
     Timer Timer1;
+
+    // The window position, in twips, as read at load; views keep it current.
+    std::optional<WindowPosition> position;
 
     void load();
     void unload();

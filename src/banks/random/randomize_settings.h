@@ -21,6 +21,7 @@
 #include <string>
 
 #include "base/controls.h"
+#include "base/settings_store.h"
 
 namespace brevane {
 
@@ -48,10 +49,7 @@ class RandomizeSettings {
     CommandButton closeButton;
 
     // The window position, in twips, as read at load; views keep it current.
-    struct Position {
-        int left = 0;
-        int top = 0;
-    };
+    using Position = WindowPosition;
     std::optional<Position> position;
 
     // The repeat's interval for the period shown: its number x 1000 ms, 0 when the box
@@ -68,10 +66,5 @@ class RandomizeSettings {
     RandomBank& closeTarget_;
     std::string settingsSection_;
 };
-
-// The number a text begins with, as the period list and the settings store are read:
-// leading blanks skipped, an optional sign, then digits; 0 when there are none. Kept
-// within the range of an int.
-long long leadingNumber(const std::string& text);
 
 }  // namespace brevane

@@ -1,33 +1,24 @@
 #include "ui/banks/random/form3_view.h"
 
-#include <algorithm>
-
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMoveEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QSlider>
 #include <QVBoxLayout>
 
 #include "banks/random/randomize_settings.h"
 #include "ui/binding/bindings.h"
+#include "ui/core/kept_window_position.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/platform/qt_text.h"
 #include "ui/widgets/style.h"
 
 namespace brevane {
 
-namespace {
-// The kept position is in twips, as the settings have always held it.
-constexpr int kTwipsPerPixel = 15;
-}  // namespace
-
 RandomizeSettingsView::RandomizeSettingsView(RandomizeSettings& panel, QWidget* parent)
-    : QWidget(parent, Qt::Window), panel_(panel) {
+    : QWidget(parent, Qt::Window) {
     auto* root = new QVBoxLayout(this);
     style::applySpacing(*root);
 
@@ -72,31 +63,7 @@ RandomizeSettingsView::RandomizeSettingsView(RandomizeSettings& panel, QWidget* 
     root->addLayout(buttons);
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
-}
-
-void RandomizeSettingsView::showEvent(QShowEvent* event) {
-    if (panel_.position) {
-        QPoint at(panel_.position->left / kTwipsPerPixel, panel_.position->top / kTwipsPerPixel);
-        // A place kept from another screen, or crept down past this one, comes back
-        // inside it.
-        if (const QScreen* screen = QGuiApplication::screenAt(at) != nullptr
-                                        ? QGuiApplication::screenAt(at)
-                                        : QGuiApplication::primaryScreen()) {
-            const QRect area = screen->availableGeometry();
-            at.setX(std::clamp(at.x(), area.left(), std::max(area.left(), area.right() - width())));
-            at.setY(std::clamp(at.y(), area.top(), std::max(area.top(), area.bottom() - height())));
-        }
-        move(at);
-    }
-    QWidget::showEvent(event);
-}
-
-void RandomizeSettingsView::moveEvent(QMoveEvent* event) {
-    if (isVisible()) {
-        panel_.position =
-            RandomizeSettings::Position{pos().x() * kTwipsPerPixel, pos().y() * kTwipsPerPixel};
-    }
-    QWidget::moveEvent(event);
+    keepWindowPosition(*this, panel.position);
 }
 
 }  // namespace brevane

@@ -13,13 +13,6 @@ class RandomizeSettings;
 class RandomizeSettingsView : public QWidget {
   public:
     explicit RandomizeSettingsView(RandomizeSettings& panel, QWidget* parent = nullptr);
-
-  protected:
-    void showEvent(QShowEvent* event) override;
-    void moveEvent(QMoveEvent* event) override;
-
-  private:
-    RandomizeSettings& panel_;
 };
 
 }  // namespace brevane

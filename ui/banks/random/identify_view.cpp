@@ -9,6 +9,7 @@
 
 #include "banks/random/identify_panel.h"
 #include "ui/binding/bindings.h"
+#include "ui/core/kept_window_position.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/platform/qt_text.h"
 #include "ui/widgets/style.h"
@@ -58,6 +59,7 @@ IdentifyView::IdentifyView(IdentifyPanel& panel, QWidget* parent) : QWidget(pare
 
     resize(460, 420);
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
+    keepWindowPosition(*this, panel.position);
 }
 
 }  // namespace brevane
