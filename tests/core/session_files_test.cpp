@@ -70,48 +70,6 @@ TEST(SessionFiles, MainbReadsField37AsTextAndPresetTwelveFrom38) {
     EXPECT_EQ(read.record.brainwaveList, "Alpha");
 }
 
-TEST(SessionFiles, MainHoldsEightFieldsAndTheLoadReadsFour) {
-    MainRecord r;
-    r.alarmState = "True";
-    r.scenarioName = "Summer Storm";
-    r.form3Randomise = 120;
-    r.form33Randomise = 80;
-    r.slideshowLabel = "Default";
-    r.panoramicLabel = "Alps";
-    r.colourSchemeName = "Dusk";
-    r.soundCardIndex = 2;
-    const std::string text = writeMainFile(r);
-    EXPECT_EQ(text, "\"True\",\"Summer Storm\",120,80,\"Default\",\"Alps\",\"Dusk\",2\r\n");
-
-    const SessionRead<MainRecord> four = readMainFile(text, 4);
-    EXPECT_EQ(four.fields, 4);
-    EXPECT_EQ(four.record.form33Randomise, 80);
-    EXPECT_EQ(four.record.slideshowLabel, "");  // not read
-    const SessionRead<MainRecord> seven = readMainFile(text, 7);
-    EXPECT_EQ(seven.fields, 7);
-    EXPECT_EQ(seven.record.colourSchemeName, "Dusk");
-    EXPECT_EQ(seven.record.soundCardIndex, 0);
-    EXPECT_EQ(readMainFile(text).record.soundCardIndex, 2);
-}
-
-TEST(SessionFiles, StatesAndSoundCardFiles) {
-    StatesRecord s;
-    s.MainShown = true;
-    s.SlideshowShown = true;
-    const std::string text = writeStatesFile(s);
-    EXPECT_EQ(text, "#FALSE#,#TRUE#,#FALSE#,#TRUE#,#FALSE#\r\n");
-    const SessionRead<StatesRecord> read = readStatesFile(text);
-    EXPECT_EQ(read.fields, 5);
-    EXPECT_TRUE(read.record.MainShown);
-    EXPECT_TRUE(read.record.SlideshowShown);
-    EXPECT_FALSE(read.record.RemoteShown);
-
-    EXPECT_EQ(writeSoundCardFile(3), "3\r\n");
-    EXPECT_EQ(readSoundCardFile("3\r\n").record, 3);
-    EXPECT_FALSE(readSoundCardFile("").has(1));
-    EXPECT_FALSE(readSoundCardFile("\"three\"").has(1));
-}
-
 TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
     // A number that is not one, at field 3: fields 1 and 2 came through, nothing after.
     const SessionRead<MainbRecord> bad = readMainbFile("40,3,\"loud\",3100,7\r\n");

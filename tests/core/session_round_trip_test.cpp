@@ -209,6 +209,7 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
     EXPECT_EQ(app.Form33.threshold.value(), 80);
     EXPECT_EQ(app.CurrentScenarioName, "Summer Storm");
     EXPECT_EQ(app.SoundCardIndex, 2);
+    EXPECT_EQ(app.FRMOPTIONS.soundDevices.listIndex(), 2);
     EXPECT_FALSE(app.Formtips.window.visible());
     EXPECT_TRUE(second.dialogs.shown().empty());
 }
