@@ -167,6 +167,7 @@ void Frmmain::load() {
     if (!std::filesystem::exists(app_.appPath / "main.tmp", ec)) {
         Timer4.setEnabled(true);
     }
+    sessionLoaded_ = true;
 }
 
 void Frmmain::readSoundCard() {
@@ -256,6 +257,13 @@ void Frmmain::quitWithoutAsking() {
         return;
     }
     quitting_ = true;
+    // A quit before the load has read the last session (during the splash, or inside
+    // a message of the restore) ends without writing: what it would write is not that
+    // session but the built-in values, in place of the user's.
+    if (!sessionLoaded_) {
+        app_.requestExit(ExitKind::AfterCleanUp);
+        return;
+    }
 
     // 2. The tray icon goes; the console, the banks and the Identify panel hide (and
     //    frmeffects, frmmainmp3 and frmcd).

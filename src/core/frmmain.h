@@ -224,6 +224,8 @@ class Frmmain {
     MainRecord mainRecord() const;
     MainbRecord mainbRecord() const;
     bool shownBefore_ = false;
+    // The load has run to its end: the last session is read and applied.
+    bool sessionLoaded_ = false;
 
     // The console's face (frmmain_console.cpp, frmmain_status.cpp).
     void wireConsole();

@@ -261,6 +261,21 @@ TEST_F(SessionStart, TheIdentifyPanelKeepsItsPlaceInItsOwnSection) {
     EXPECT_EQ(run.settings.value("Settings25", "Maintop"), "600");
 }
 
+TEST_F(SessionStart, AQuitBeforeTheLoadLeavesTheLastSessionAsItWas) {
+    put("main.tmp", "\"False\",\"Night Sea\",0,0,\"\",\"\",\"\",0\r\n");
+    put("back.ini", "\"the last session's bank\"\r\n");
+    const auto before = files();
+    SessionRun run(tree.root());
+    run.app->start();
+    // The desktop ends the program while the splash still shows.
+    run.app->frmmain.quitWithoutAsking();
+    EXPECT_EQ(run.exits, std::vector<ExitKind>{ExitKind::AfterCleanUp});
+    EXPECT_TRUE(run.engine.callsOf(Op::Start).empty());
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(fileText(at("main.tmp")), "\"False\",\"Night Sea\",0,0,\"\",\"\",\"\",0\r\n");
+    EXPECT_EQ(fileText(at("back.ini")), "\"the last session's bank\"\r\n");
+}
+
 TEST_F(SessionStart, TheRestoreRunsOnlyWithTheOptionAndInItsOrder) {
     // Every bank copy damaged: each bank's load entry says so in its own words, so the
     // messages tell the order the copies were handed over in.
