@@ -1,6 +1,6 @@
 // The random banks' files: the .rcf and .crf records byte for byte, the fields read back
-// and the ones ignored, damaged files and their messages, the Load and Save dialogs, and
-// the custom bank's sound files across a load.
+// and the ones ignored, damaged files and their messages, the Load and Save dialogs, the
+// session copy, and the custom bank's sound files across a load.
 
 #include <gtest/gtest.h>
 
@@ -167,7 +167,7 @@ TEST_F(RandomBankFilesTest, ADamagedFileChangesNothingAndEachBankSaysItsOwnWords
     }
 }
 
-TEST_F(RandomBankFilesTest, LoadAndSaveUseTheBankFolderAndSaveKeepsTheDialogsLastName) {
+TEST_F(RandomBankFilesTest, LoadAndSaveUseTheBankFolderSaveKeepsTheDialogsNameAndQuitSaves) {
     RandomBank& b = bank(2);
     const fs::path folder = h.tree.root() / "config/main/random bank 2";
     h.writeFile("config/main/random bank 2/evening.rcf", kFixedRecord);
@@ -206,6 +206,11 @@ TEST_F(RandomBankFilesTest, LoadAndSaveUseTheBankFolderAndSaveKeepsTheDialogsLas
     b.saveButton.click();
     EXPECT_EQ(readWholeFile(folder / "night.rcf"), b.record());
     EXPECT_EQ(b.dialogFileName, (folder / "night.rcf").string());
+
+    // Quitting writes each bank's session copy.
+    app->frmmain.QuitCommand.click();
+    EXPECT_EQ(readWholeFile(file("rand2.ini")), b.record());
+    EXPECT_EQ(readWholeFile(file("randc.ini")), bank(kCustomRandomBankNumber).record());
 }
 
 TEST_F(RandomBankFilesTest, ACustomLoadKeepsTheSameFilesPlayingAndShowsGoneOnesNotSet) {

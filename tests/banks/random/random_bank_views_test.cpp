@@ -52,7 +52,7 @@ class RandomBankViewsTest : public ::testing::Test {
     std::unique_ptr<ApplicationViews> views;
 };
 
-TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAndAutoShowsItsColour) {
+TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAutoShowsItsColourAndDotsShowSettings) {
     app->frmrandommain.show();
     QWidget& w = windowOf(app->frmrandommain.window);
     app->frmrandommain.slot(15).volume.setValue(200);
@@ -75,9 +75,21 @@ TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAndAutoShowsItsColour) {
     EXPECT_FALSE(app->frmrandommain3.timerautorandom.enabled());
     EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
 
+    // "..." shows the settings window, which sets the period and closes on Close.
     QTest::mouseClick(findByName<QPushButton>(w, QStringLiteral("Randomize settings")),
                       Qt::LeftButton);
-    EXPECT_TRUE(windowOf(app->Form3.window).isVisible());
+    QWidget& settings = windowOf(app->Form3.window);
+    EXPECT_TRUE(settings.isVisible());
+    auto* period = findByName<QComboBox>(settings, QStringLiteral("Randomize period"));
+    ASSERT_NE(period, nullptr);
+    EXPECT_EQ(period->count(), 9);
+    period->setCurrentIndex(2);
+    EXPECT_EQ(app->Form3.period.text(), "5");
+    findByName<QSlider>(settings, QStringLiteral("Frequency threshold"))->setValue(120);
+    EXPECT_EQ(app->Form3.threshold.value(), 120);
+    QTest::mouseClick(buttonWithText(settings, QStringLiteral("Close")), Qt::LeftButton);
+    EXPECT_FALSE(settings.isVisible());
+    EXPECT_EQ(app->frmrandommain.timerautorandom.interval(), 5000);
 
     QTest::mouseClick(buttonWithText(w, QStringLiteral("Custom")), Qt::LeftButton);
     EXPECT_TRUE(windowOf(app->frmcustom.window).isVisible());
@@ -105,23 +117,6 @@ TEST_F(RandomBankViewsTest, TheCustomBankHasChoosersAndTheRightButtonRenames) {
     EXPECT_EQ(app->frmcustom.slot(3).name.caption(), "Blackbird");
     EXPECT_EQ(name->text(), QStringLiteral("Blackbird"));
     EXPECT_TRUE(h.engine.callsOf(RecordingEngine::Op::Play).empty());
-}
-
-TEST_F(RandomBankViewsTest, TheSettingsWindowSetsThePeriodAndClosesOnClose) {
-    app->Form3.window.show();
-    QWidget& w = windowOf(app->Form3.window);
-    auto* period = findByName<QComboBox>(w, QStringLiteral("Randomize period"));
-    ASSERT_NE(period, nullptr);
-    EXPECT_EQ(period->count(), 9);
-    period->setCurrentIndex(2);
-    EXPECT_EQ(app->Form3.period.text(), "5");
-    findByName<QSlider>(w, QStringLiteral("Frequency threshold"))->setValue(120);
-    EXPECT_EQ(app->Form3.threshold.value(), 120);
-
-    QTest::mouseClick(buttonWithText(w, QStringLiteral("Close")), Qt::LeftButton);
-    EXPECT_FALSE(w.isVisible());
-    EXPECT_EQ(app->frmrandommain.timerautorandom.interval(), 5000);
-    EXPECT_TRUE(app->frmrandommain.timerautorandom.enabled());
 }
 
 }  // namespace
