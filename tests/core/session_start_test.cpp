@@ -44,7 +44,18 @@ class SessionStart : public ::testing::Test {
 TEST_F(SessionStart, FirstRunShowsTheTipsAfterTwoSecondsAndTurnsTheRestoreOn) {
     SessionRun run(tree.root());
     Application& app = run.startAndLoad();
+    // No session file: every value is the built-in one.
     EXPECT_EQ(run.engine.callsOf(Op::Start).at(0).a, 0);
+    EXPECT_EQ(app.SavedMasterLevel, 0);
+    EXPECT_EQ(app.frmmain.Master.value(), 2);
+    EXPECT_EQ(app.frmmain.Background.value(), 1);
+    EXPECT_EQ(app.frmmain.MP3.value(), 2500);
+    EXPECT_EQ(app.frmmain.carry.PresetCaption[7], "Currently Unassigned");
+    EXPECT_EQ(app.SchemeButtonColour, 33023u);
+    EXPECT_EQ(app.Form3.threshold.value(), 0);
+    EXPECT_TRUE(app.MainShown);
+    EXPECT_FALSE(app.RemoteShown);
+    EXPECT_EQ(app.InactivitySeconds, 60);
     EXPECT_TRUE(app.frmmain.Timer4.enabled());
     EXPECT_FALSE(app.FRMOPTIONS.previousScenario.checked());
 
@@ -61,32 +72,6 @@ TEST_F(SessionStart, FirstRunShowsTheTipsAfterTwoSecondsAndTurnsTheRestoreOn) {
     app.Formtips.closeButton.click();
     run.loop.advance(10 * Frmmain::kFirstRunMs);
     EXPECT_FALSE(app.Formtips.window.visible());
-    EXPECT_TRUE(run.dialogs.shown().empty());
-}
-
-TEST_F(SessionStart, NoFirstRunOnceMainTmpExistsEvenDamaged) {
-    put("main.tmp", "\"unclosed");
-    SessionRun run(tree.root());
-    Application& app = run.startAndLoad();
-    run.loop.advance(3 * Frmmain::kFirstRunMs);
-    EXPECT_FALSE(app.Formtips.window.visible());
-    EXPECT_FALSE(app.FRMOPTIONS.previousScenario.checked());
-    EXPECT_EQ(app.CurrentScenarioName, "");
-}
-
-TEST_F(SessionStart, MissingFilesLeaveTheBuiltInValues) {
-    SessionRun run(tree.root());
-    Application& app = run.startAndLoad();
-    EXPECT_EQ(app.SavedMasterLevel, 0);
-    EXPECT_EQ(app.frmmain.Master.value(), 2);
-    EXPECT_EQ(app.frmmain.Background.value(), 1);
-    EXPECT_EQ(app.frmmain.MP3.value(), 2500);
-    EXPECT_EQ(app.frmmain.carry.PresetCaption[7], "Currently Unassigned");
-    EXPECT_EQ(app.SchemeButtonColour, 33023u);
-    EXPECT_EQ(app.Form3.threshold.value(), 0);
-    EXPECT_TRUE(app.MainShown);
-    EXPECT_FALSE(app.RemoteShown);
-    EXPECT_EQ(app.InactivitySeconds, 60);
     EXPECT_TRUE(run.dialogs.shown().empty());
 }
 
@@ -220,6 +205,8 @@ TEST_F(SessionStart, DamagedFilesOfEveryKindNeverStopTheStart) {
     EXPECT_TRUE(run.exits.empty());
     EXPECT_EQ(run.engine.callsOf(Op::Start).at(0).a, 0);
     EXPECT_TRUE(app.frmrandommain.Timer2.enabled());
+    // A main.tmp, even a damaged one, means this is no first run.
+    EXPECT_FALSE(app.Formtips.window.visible());
     app.frmmain.quitWithoutAsking();
     EXPECT_EQ(readStatesFile(fileText(at("states.tmp"))).fields, StatesRecord::kFields);
     EXPECT_EQ(readMainFile(fileText(at("main.tmp"))).fields, MainRecord::kFields);
@@ -348,12 +335,6 @@ TEST_F(SessionStart, MinimizeOnStartupHidesTheConsoleAfterItsDelay) {
     EXPECT_FALSE(app.frmmain.window.visible());
     // The console was the interface all the same: the session says so.
     EXPECT_TRUE(app.MainShown);
-
-    put("opti.tmp", "1,1,0,1,0,\"60\",0,0,0\r\n");
-    SessionRun shown(tree.root());
-    shown.startAndLoad();
-    shown.loop.advance(10 * Frmmain::kMinimizeMs);
-    EXPECT_TRUE(shown.app->frmmain.window.visible());
 }
 
 TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {
@@ -374,19 +355,11 @@ TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {
     EXPECT_EQ(run.engine.calls().size(), callsBefore);
     EXPECT_TRUE(run.engine.channel(app.frmback.slot(2).channel)->playing);
 
-    run.dialogs.answerYesNo(true);
-    app.frmmain.QuitCommand.click();
+    // A quit from outside the program (a signal, the desktop's logout) never asks.
+    app.frmmain.quitWithoutAsking();
+    EXPECT_EQ(run.dialogs.shown().size(), 1u);
     EXPECT_EQ(run.exits, std::vector<ExitKind>{ExitKind::AfterCleanUp});
     EXPECT_EQ(fileText(at("opti.tmp")), "1,1,0,1,0,\"60\",1,0,0\r\n");
-    EXPECT_TRUE(fs::exists(at("mainb.tmp")));
-}
-
-TEST_F(SessionStart, AQuitFromOutsideNeverAsksAndWritesEveryFile) {
-    put("opti.tmp", "1,1,0,1,0,\"60\",1,0,0\r\n");
-    SessionRun run(tree.root());
-    run.startAndLoad();
-    run.app->frmmain.quitWithoutAsking();
-    EXPECT_TRUE(run.dialogs.shown().empty());
     EXPECT_EQ(files(), (std::vector<std::string>{"back.ini", "back2.ini", "backc.ini", "main.tmp",
                                                  "mainb.tmp", "opti.tmp", "rand.ini", "rand2.ini",
                                                  "rand3.ini", "rand4.ini", "randc.ini", "scard.tmp",
