@@ -164,14 +164,14 @@ void Frmmain::load() {
     }
     // 25. First run (no main.tmp): Timer4, and doload with an empty name.
     std::error_code ec;
-    if (!std::filesystem::exists(app_.appPath / "main.tmp", ec)) {
+    if (!std::filesystem::exists(app_.appPath / kMainFile, ec)) {
         Timer4.setEnabled(true);
     }
     sessionLoaded_ = true;
 }
 
 void Frmmain::readSoundCard() {
-    const auto content = readWholeFile(app_.appPath / "scard.tmp");
+    const auto content = readWholeFile(app_.appPath / kSoundCardFile);
     if (!content) {
         return;
     }

@@ -16,10 +16,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kMainFile = "main.tmp";
-constexpr const char* kMainbFile = "mainb.tmp";
-constexpr const char* kStatesFile = "states.tmp";
-constexpr const char* kSoundCardFile = "scard.tmp";
 // The console's load reads the first four fields of main.tmp, recallprevious seven.
 constexpr int kMainFieldsAtLoad = 4;
 constexpr int kMainFieldsRecalled = 7;

@@ -169,7 +169,7 @@ void OptionsPanel::apply() {
     }
     app_.SoundCardIndex = driver;
     // Kept at once, so the choice holds even if the program does not end by its quit.
-    writeFileAtomically(app_.appPath / "scard.tmp", writeSoundCardFile(driver));
+    writeFileAtomically(app_.appPath / kSoundCardFile, writeSoundCardFile(driver));
     currentSoundcard.setCaption(kCurrentSoundcard + soundDevices.item(driver));
     app_.dialogs.message(MessageKind::Information, kRestartText);
 }

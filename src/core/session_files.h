@@ -47,6 +47,12 @@
 
 namespace brevane {
 
+// The files, in the program's folder.
+inline constexpr const char* kSoundCardFile = "scard.tmp";
+inline constexpr const char* kStatesFile = "states.tmp";
+inline constexpr const char* kMainFile = "main.tmp";
+inline constexpr const char* kMainbFile = "mainb.tmp";
+
 // A record read from a session file, with how far the read went.
 template <class Record>
 struct SessionRead {
