@@ -1,8 +1,10 @@
-// The console, random bank and Identify windows bound to a whole Application: they
-// follow their panels, edits reach the controls, and rows line up.
+// The console, random bank, Identify, options and tips windows bound to a whole
+// Application: they follow their panels, edits reach the controls, and rows line up.
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -159,6 +161,64 @@ TEST_F(ViewsTest, TheIdentifyWindowListsFiringsAndItsBankButtonsPlaceTheBank) {
     QTest::mouseClick(buttonWithText(w, QStringLiteral("Clear List")), Qt::LeftButton);
     EXPECT_EQ(lists[0]->count(), 1);
     EXPECT_EQ(lists[1]->item(0)->text(), QStringLiteral("Waiting..."));
+}
+
+TEST_F(ViewsTest, TheOptionsWindowShowsOnePageAtATimeAndItsControlsReachThePanel) {
+    QTest::mouseClick(buttonWithText(views->mainWindow(), QStringLiteral("Options")),
+                      Qt::LeftButton);
+    QWidget& options = *views->windowOf(app->FRMOPTIONS.window);
+    ASSERT_TRUE(options.isVisible());
+    const auto shownPages = [&options] {
+        QStringList titles;
+        for (const QGroupBox* page : options.findChildren<QGroupBox*>()) {
+            if (page->isVisible()) {
+                titles << page->title();
+            }
+        }
+        return titles;
+    };
+    EXPECT_EQ(shownPages(), QStringList{QStringLiteral("Startup Options")});
+    QTest::mouseClick(buttonWithText(options, QStringLiteral("Soundcard Select")), Qt::LeftButton);
+    EXPECT_EQ(shownPages(), QStringList{QStringLiteral("Soundcard Select")});
+
+    auto* devices = findByName<QListWidget>(options, QStringLiteral("Sound devices"));
+    ASSERT_NE(devices, nullptr);
+    ASSERT_EQ(devices->count(), app->engine.driverCount());
+    devices->setCurrentRow(devices->count() - 1);
+    QTest::mouseClick(buttonWithText(options, QStringLiteral("Apply")), Qt::LeftButton);
+    EXPECT_EQ(app->SoundCardIndex, devices->count() - 1);
+
+    QTest::mouseClick(buttonWithText(options, QStringLiteral("Program Options")), Qt::LeftButton);
+    QCheckBox* confirm = nullptr;
+    for (QCheckBox* box : options.findChildren<QCheckBox*>()) {
+        if (box->text() == QStringLiteral("Confirm Exit Application")) {
+            confirm = box;
+        }
+    }
+    ASSERT_NE(confirm, nullptr);
+    EXPECT_TRUE(confirm->isVisible());
+    confirm->click();
+    EXPECT_TRUE(app->FRMOPTIONS.confirmExit.checked());
+}
+
+TEST_F(ViewsTest, TheTipsWindowWalksTheTipsAndCloses) {
+    app->Formtips.show();
+    QWidget& tips = *views->windowOf(app->Formtips.window);
+    ASSERT_TRUE(tips.isVisible());
+    const auto showsText = [&tips](const QString& text) {
+        for (const QLabel* label : tips.findChildren<QLabel*>()) {
+            if (label->text() == text) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(showsText(qtText(TipsPanel::kTips[0])));
+    QTest::mouseClick(buttonWithText(tips, QStringLiteral("Next Tip")), Qt::LeftButton);
+    EXPECT_TRUE(showsText(qtText(TipsPanel::kTips[1])));
+    QTest::mouseClick(buttonWithText(tips, QStringLiteral("Close")), Qt::LeftButton);
+    EXPECT_FALSE(app->Formtips.window.visible());
+    EXPECT_FALSE(tips.isVisible());
 }
 
 }  // namespace
