@@ -60,7 +60,8 @@ TEST_F(CustomBankTest, TheRecordHas162FieldsWithPathsCaptionsAndSlot16sBalanceTh
 }
 
 TEST_F(CustomBankTest, ReadingBackRestoresHiddenFieldsAndRandomAndGivesSlot17Slot16sBalance) {
-    bank().bulkLoad(handOver({makeSound("Sea.wav"), makeSound("Brook.ogg")}));
+    const fs::path moved = makeSound("Moved.wav");
+    bank().bulkLoad(handOver({makeSound("Sea.wav"), makeSound("Brook.ogg"), moved}));
     setKnownState();
     ASSERT_TRUE(bank().dosave(h.tree.root() / "c.cbf"));
 
@@ -75,7 +76,7 @@ TEST_F(CustomBankTest, ReadingBackRestoresHiddenFieldsAndRandomAndGivesSlot17Slo
     bank().hiddenCheck.setValue(0);
     app->frmmain.Random.setValue(90);
     app->frmmain.MP3.setValue(10);
-    app->frmmain.Master.setValue(50);
+    fs::remove(moved);
     h.dialogs.clear();
 
     ASSERT_TRUE(bank().doload(h.tree.root() / "c.cbf"));
@@ -83,9 +84,13 @@ TEST_F(CustomBankTest, ReadingBackRestoresHiddenFieldsAndRandomAndGivesSlot17Slo
     const BackgroundBank& b = bank();
     EXPECT_EQ(b.slot(1).on.caption(), "Sea");
     EXPECT_EQ(b.slot(2).on.caption(), "Brook");
-    EXPECT_EQ(b.slot(2).path, "soundbanks/background sounds/Brook.ogg");
     EXPECT_EQ(b.slot(2).on.toolTip(), "soundbanks/background sounds/Brook.ogg");
+    // A moved file leaves its row "Not Set" without a message, but keeps the path for
+    // when it is back.
     EXPECT_EQ(b.slot(3).on.caption(), "Not Set");
+    EXPECT_EQ(b.slot(3).on.toolTip(), "");
+    EXPECT_EQ(b.slot(3).path, "soundbanks/background sounds/Moved.wav");
+    EXPECT_EQ(b.slot(4).on.caption(), "Not Set");
     EXPECT_EQ(b.slot(16).balance.value(), 116);
     EXPECT_EQ(b.slot(17).balance.value(), 116);
     EXPECT_EQ(b.slot(15).balance.value(), 115);
@@ -95,16 +100,12 @@ TEST_F(CustomBankTest, ReadingBackRestoresHiddenFieldsAndRandomAndGivesSlot17Slo
     EXPECT_EQ(b.hiddenCheck.value(), 1);
     EXPECT_EQ(b.slot(17).rate.value(), 850);
     EXPECT_EQ(b.slot(5).lowLimitText.text(), "5");
-    // The Random strip comes back and writes the console's Random; Master and MP3 do not.
-    EXPECT_EQ(b.Random.value(), 33);
+    // The Random strip comes back and writes the console's Random; MP3 does not.
     EXPECT_EQ(app->frmmain.Random.value(), 33);
     EXPECT_EQ(app->frmrandommain.maxvol.value(), 33);
     EXPECT_EQ(app->frmmain.MP3.value(), 10);
-    EXPECT_EQ(app->frmmain.Master.value(), 50);
-    // Slots 2 and 17 run again; slot 2 plays its own file.
-    EXPECT_TRUE(b.slot(2).on.checked());
-    EXPECT_TRUE(b.slot(17).on.checked());
-    // Slot 17 has no file: it loads the program's folder, which is no sound.
+    // Slots 2 and 17 run again; slot 17 has no file and loads the program's folder.
+    EXPECT_TRUE(b.slot(2).on.checked() && b.slot(17).on.checked());
     EXPECT_EQ(h.engine.callsOf(Op::LoadSample).back().path, h.tree.root());
     EXPECT_EQ(h.engine.playingCount(), 2u);
 }
@@ -119,15 +120,13 @@ TEST_F(CustomBankTest, LoadingFreesAllLoadsEveryPathThenStartsTwice) {
 
     Strings sampleCalls;
     for (const std::string& line : lines()) {
-        if (line.rfind("load ", 0) == 0 || line.rfind("free ", 0) == 0 ||
-            line.rfind("play ", 0) == 0 || line.rfind("stop ", 0) == 0) {
+        if (line.rfind("pan ", 0) != 0 && line.rfind("volume ", 0) != 0 &&
+            line.rfind("loop ", 0) != 0) {
             sampleCalls.push_back(line);
         }
     }
     Strings expected{"free s?", "free s?"};  // slot 1's stale sample, slot 2's file
-    for (int s = 3; s <= kBackgroundSlots; ++s) {
-        expected.push_back("free s0");
-    }
+    expected.insert(expected.end(), 15, "free s0");
     expected.push_back("load soundbanks/background sounds/A.wav -> s1");
     expected.push_back("load soundbanks/background sounds/B.wav -> s2");
     for (int s = 3; s <= kBackgroundSlots; ++s) {
@@ -143,40 +142,22 @@ TEST_F(CustomBankTest, LoadingFreesAllLoadsEveryPathThenStartsTwice) {
 
     // Repeated loads do not pile samples up: no slot ever holds two.
     const std::size_t loaded = h.engine.loadedCount();
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 3; ++i) {
         ASSERT_TRUE(bank().doload(h.tree.root() / "c.cbf"));
     }
     EXPECT_EQ(h.engine.loadedCount(), loaded);
-    EXPECT_TRUE(bank().slot(1).on.checked());
     EXPECT_EQ(h.engine.playingCount(), 1u);
-}
-
-TEST_F(CustomBankTest, AMovedFileLeavesItsRowNotSetWithoutAMessage) {
-    const fs::path moved = makeSound("Moved.wav");
-    bank().bulkLoad(handOver({makeSound("Stays.wav"), moved}));
-    ASSERT_TRUE(bank().dosave(h.tree.root() / "c.cbf"));
-    fs::remove(moved);
-    ASSERT_TRUE(bank().doload(h.tree.root() / "c.cbf"));
-    EXPECT_TRUE(h.dialogs.shown().empty());
-    EXPECT_EQ(bank().slot(1).on.caption(), "Stays");
-    EXPECT_EQ(bank().slot(1).on.toolTip(), "soundbanks/background sounds/Stays.wav");
-    EXPECT_EQ(bank().slot(2).on.caption(), "Not Set");
-    EXPECT_EQ(bank().slot(2).on.toolTip(), "");
-    // The path stays, so the file works again once it is back.
-    EXPECT_EQ(bank().slot(2).path, "soundbanks/background sounds/Moved.wav");
 }
 
 TEST_F(CustomBankTest, ChoosingAFileOutsideTheSoundFolderAsksAgainUntilCancel) {
     BackgroundSoundSlot& sl = bank().slot(4);
-    const fs::path outside = h.tree.root() / "bin/1.isz";
-    h.dialogs.answerFile(outside);
-    h.dialogs.answerFile(fs::path("/elsewhere/x.wav"));
+    h.dialogs.answerFile(h.tree.root() / "bin/1.isz");
     h.dialogs.answerFile(std::nullopt);
     sl.chooser.click();
 
     const auto& shown = h.dialogs.shown();
-    ASSERT_EQ(shown.size(), 5u);
-    for (std::size_t i : {0u, 2u, 4u}) {
+    ASSERT_EQ(shown.size(), 3u);
+    for (std::size_t i : {0u, 2u}) {
         EXPECT_EQ(shown[i].kind, ScriptedDialogs::Kind::OpenFile);
         EXPECT_EQ(shown[i].request.startFolder, sounds());
         EXPECT_EQ(shown[i].request.filter,
@@ -184,7 +165,6 @@ TEST_F(CustomBankTest, ChoosingAFileOutsideTheSoundFolderAsksAgainUntilCancel) {
     }
     EXPECT_EQ(shown[1].text,
               "Please choose a file from within the background soundbanks directory.");
-    EXPECT_EQ(shown[3].text, shown[1].text);
     EXPECT_EQ(sl.on.caption(), "Not Set");
     EXPECT_EQ(sl.path, "");
     // The slot's channel was stopped first, all the same.
@@ -199,17 +179,13 @@ TEST_F(CustomBankTest, ChoosingAFileLoadsItNamesTheRowAndRestartsARunningLoop) {
     EXPECT_EQ(sl.path, "soundbanks/background sounds/Waterfall.ogg");
     EXPECT_FALSE(sl.on.checked());
     EXPECT_NE(sl.sample, 0u);
-    EXPECT_TRUE(h.dialogs.messages().empty());
 
     sl.on.setValue(1);
-    const ChannelHandle first = sl.channel;
     EXPECT_EQ(h.engine.loadedCount(), 4u * 28u + 1u);  // the chosen copy was given back
-    h.engine.clearCalls();
     h.dialogs.answerFile(makeSound("Surf.wav"));
     sl.chooser.click();
     EXPECT_TRUE(sl.on.checked());
     EXPECT_EQ(sl.on.caption(), "Surf");
-    EXPECT_NE(sl.channel, first);
     EXPECT_TRUE(h.engine.isPlaying(sl.channel));
     EXPECT_EQ(h.engine.callsOf(Op::LoadSample).back().path, sounds() / "Surf.wav");
     EXPECT_EQ(h.engine.playingCount(), 1u);
@@ -226,27 +202,21 @@ TEST_F(CustomBankTest, ChoosingAFileLoadsItNamesTheRowAndRestartsARunningLoop) {
 }
 
 TEST_F(CustomBankTest, BulkLoadTakesEntriesUpToTheFirstEmptyOneAndKeepsTheRest) {
-    bank().bulkLoad(
-        handOver({makeSound("1.wav"), makeSound("2.wav"), makeSound("3.wav"), makeSound("4.wav"),
-                  makeSound("5.wav"), makeSound("6.wav"), makeSound("7.wav")}));
+    bank().bulkLoad(handOver({makeSound("1.wav"), makeSound("2.wav"), makeSound("3.wav"),
+                              makeSound("4.wav"), makeSound("5.wav")}));
     bank().slot(3).on.setValue(1);
-    bank().slot(7).on.setValue(1);
     h.engine.clearCalls();
 
-    auto entries = handOver({makeSound("a.wav"), makeSound("b.wav"), makeSound("c.wav"),
-                             makeSound("d.wav"), makeSound("e.wav")});
-    entries[6] = makeSound("beyond the gap.wav").string();
+    auto entries = handOver({makeSound("a.wav"), makeSound("b.wav"), makeSound("c.wav")});
+    entries[4] = makeSound("beyond the gap.wav").string();
     bank().bulkLoad(entries);
-    for (int s = 1; s <= kBackgroundSlots; ++s) {
-        EXPECT_FALSE(bank().slot(s).on.checked());
-    }
-    EXPECT_EQ(h.engine.callsOf(Op::Stop).size(), 2u + 17u);  // two switched off, then all 17
-    EXPECT_EQ(bank().slot(1).on.caption(), "a");
-    EXPECT_EQ(bank().slot(5).on.caption(), "e");
-    EXPECT_EQ(bank().slot(5).path, "soundbanks/background sounds/e.wav");
-    EXPECT_EQ(bank().slot(6).on.caption(), "6");
-    EXPECT_EQ(bank().slot(7).on.caption(), "7");
-    EXPECT_EQ(h.engine.callsOf(Op::LoadSample).size(), 5u);
+    EXPECT_FALSE(bank().slot(3).on.checked());
+    EXPECT_EQ(h.engine.callsOf(Op::Stop).size(), 1u + 17u);  // one switched off, then all 17
+    EXPECT_EQ(bank().slot(3).on.caption(), "c");
+    EXPECT_EQ(bank().slot(3).path, "soundbanks/background sounds/c.wav");
+    EXPECT_EQ(bank().slot(4).on.caption(), "4");
+    EXPECT_EQ(bank().slot(5).on.caption(), "5");
+    EXPECT_EQ(h.engine.callsOf(Op::LoadSample).size(), 3u);
 }
 
 TEST_F(CustomBankTest, ResetAllAsksFirstThenLeavesEverySlotSilentAndNotSet) {
@@ -256,7 +226,6 @@ TEST_F(CustomBankTest, ResetAllAsksFirstThenLeavesEverySlotSilentAndNotSet) {
     bank().resetAllButton.click();
     EXPECT_EQ(h.dialogs.shown().back().text, "This will reset all sounds on this panel. Continue?");
     EXPECT_TRUE(h.engine.calls().empty());
-    EXPECT_EQ(bank().slot(1).on.caption(), "A");
 
     h.engine.failLoading(h.tree.root());  // a folder is no sound
     h.dialogs.answerYesNo(true);
@@ -269,7 +238,6 @@ TEST_F(CustomBankTest, ResetAllAsksFirstThenLeavesEverySlotSilentAndNotSet) {
         EXPECT_EQ(bank().slot(s).sample, 0u);
     }
     EXPECT_EQ(bank().slot(2).volume.value(), 123);
-
     h.dialogs.clear();
     bank().slot(2).on.setValue(1);
     EXPECT_TRUE(h.dialogs.shown().empty());
@@ -281,17 +249,15 @@ TEST_F(CustomBankTest, TheRightButtonOnTheFirstCheckBoxNamesTheRowInsteadOfSwitc
     bank().renameFirstSlotByRightButton();
     EXPECT_EQ(h.dialogs.shown().back().text, "Please type a name to identify this sound.");
     EXPECT_EQ(bank().slot(1).on.caption(), "My rain");
-    EXPECT_FALSE(bank().slot(1).on.checked());
     // An empty answer keeps the caption.
     bank().renameFirstSlotByRightButton();
     EXPECT_EQ(bank().slot(1).on.caption(), "My rain");
     EXPECT_TRUE(h.engine.calls().empty());
     // The flag lasts one click: the next one switches the loop.
-    h.dialogs.clear();
     bank().slot(1).on.setValue(1);
-    EXPECT_TRUE(h.dialogs.shown().empty());
     EXPECT_EQ(h.engine.playingCount(), 1u);
     // The fixed banks are not renamed.
+    h.dialogs.clear();
     app->frmback.renameFirstSlotByRightButton();
     EXPECT_TRUE(h.dialogs.shown().empty());
 }

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <map>
+#include <set>
 
 #include "background_harness.h"
 #include "base/random.h"
@@ -50,29 +51,19 @@ TEST_F(BackgroundDriftTest, ADefaultSlotWalksDownAStepASecondToZeroThenWandersIn
     EXPECT_EQ(sl.volume.value(), 0);
     EXPECT_EQ(sl.driftTarget, expected);
 
-    // From here it wanders: one step a tick, never outside 0..250, turning each time it
-    // reaches a target.
+    // From here it wanders: one step a tick, never outside 0..250, drawing a new target
+    // each time it reaches one.
     int previous = 0;
-    int turns = 0;
-    int direction = 0;
+    std::set<int> targets;
     for (int second = 0; second < 3000; ++second) {
         h.loop.advance(1000);
         const int v = sl.volume.value();
         ASSERT_LE(std::abs(v - previous), 1);
-        ASSERT_GE(v, 0);
-        ASSERT_LE(v, 250);
-        ASSERT_GE(sl.driftTarget, 0);
-        ASSERT_LE(sl.driftTarget, 250);
-        if (v != previous) {
-            const int d = v > previous ? 1 : -1;
-            if (direction != 0 && d != direction) {
-                ++turns;
-            }
-            direction = d;
-        }
+        ASSERT_TRUE(v >= 0 && v <= 250 && sl.driftTarget >= 0 && sl.driftTarget <= 250);
+        targets.insert(sl.driftTarget);
         previous = v;
     }
-    EXPECT_GE(turns, 5);
+    EXPECT_GE(targets.size(), 5u);
 }
 
 TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTarget) {
@@ -96,41 +87,32 @@ TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTa
     EXPECT_EQ(sl.timer.interval(), 4995);
 }
 
-TEST_F(BackgroundDriftTest, MovingALimitDrawsANewTargetAtOnceEvenWhenTheSlotIsOff) {
-    BackgroundSoundSlot& sl = app->frmback.slot(11);
-    EXPECT_FALSE(sl.on.checked());
-    int expected = nextTarget(40, 250);
-    sl.lowLimitBar.setValue(210);
-    EXPECT_EQ(sl.driftTarget, expected);
-    EXPECT_EQ(app->frmback.lowScratch, 40);
-    EXPECT_EQ(app->frmback.highScratch, 250);
-    // A text written from outside (the night does so) draws as well: the low text's
-    // draw comes first, then the high text's.
+TEST_F(BackgroundDriftTest, ALimitChangeDrawsATargetAtOnceAndTurnsTheWalk) {
+    // Even with the slot off, and for a text written from outside (the night does so):
+    // the low text's draw comes first, then the high text's.
+    BackgroundSoundSlot& off = app->frmback.slot(11);
+    const int first = nextTarget(40, 250);
+    off.lowLimitBar.setValue(210);
+    EXPECT_EQ(off.driftTarget, first);
     brevane::Random peek = h.random;
     peek.next();
-    expected = static_cast<int>(std::nearbyint(peek.next() * 5));
-    sl.lowLimitText.setText("0");
-    sl.highLimitText.setText("5");
-    EXPECT_EQ(sl.driftTarget, expected);
-    EXPECT_LE(sl.driftTarget, 5);
-}
+    const int expected = static_cast<int>(std::nearbyint(peek.next() * 5));
+    off.lowLimitText.setText("0");
+    off.highLimitText.setText("5");
+    EXPECT_EQ(off.driftTarget, expected);
 
-TEST_F(BackgroundDriftTest, AWalkTurnsAtOnceWhenTheRangeMovesBelowIt) {
     BackgroundSoundSlot& sl = app->frmback2.slot(12);
     setLimits(sl, 230, 250);
     sl.on.setValue(1);
     h.loop.advance(100'000);
     ASSERT_EQ(sl.volume.value(), 100);  // still climbing
-    ASSERT_GE(sl.driftTarget, 230);
-
     setLimits(sl, 0, 20);
     EXPECT_LE(sl.driftTarget, 20);
     h.loop.advance(1000);
     EXPECT_EQ(sl.volume.value(), 99);
     // A level outside the range is walked back in, step by step, and stays in.
-    h.loop.advance(60'000);
-    EXPECT_EQ(sl.volume.value(), 39);
-    h.loop.advance(40'000);
+    h.loop.advance(79'000);
+    EXPECT_EQ(sl.volume.value(), 20);
     for (int i = 0; i < 300; ++i) {
         h.loop.advance(1000);
         ASSERT_LE(sl.volume.value(), 20);
@@ -154,20 +136,6 @@ TEST_F(BackgroundDriftTest, EqualLimitsWalkToThatLevelAndHoldIt) {
     sl.volume.setValue(170);
     h.loop.advance(5000);
     EXPECT_EQ(sl.volume.value(), 175);
-}
-
-TEST_F(BackgroundDriftTest, SwitchingOffPausesTheWalkWhichResumesWhereItStood) {
-    BackgroundSoundSlot& sl = app->frmback.slot(14);
-    setLimits(sl, 120, 120);
-    sl.on.setValue(1);
-    h.loop.advance(30'000);
-    ASSERT_EQ(sl.volume.value(), 30);
-    sl.on.setValue(0);
-    h.loop.advance(30'000);
-    EXPECT_EQ(sl.volume.value(), 30);
-    sl.on.setValue(1);
-    h.loop.advance(30'000);
-    EXPECT_EQ(sl.volume.value(), 60);
 }
 
 TEST_F(BackgroundDriftTest, BothLimitsComeUpAtAboutHalfTheChanceOfAnInnerValue) {

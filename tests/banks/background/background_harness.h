@@ -24,32 +24,27 @@ class CallNames {
     explicit CallNames(std::filesystem::path root) : root_(std::move(root)) {}
 
     std::string line(const RecordingEngine::Call& c) {
+        const std::string on = name(channels_, "c", c.a, false);
         switch (c.op) {
             case Op::LoadSample:
                 return "load " + c.path.lexically_relative(root_).generic_string() + " -> " +
-                       sample(c.result, true);
+                       name(samples_, "s", c.result, true);
             case Op::FreeSample:
-                return "free " + sample(c.a, false);
+                return "free " + name(samples_, "s", c.a, false);
             case Op::Play:
-                return "play " + sample(c.a, false) + " -> " + channel(c.result, true);
+                return "play " + name(samples_, "s", c.a, false) + " -> " +
+                       name(channels_, "c", c.result, true);
             case Op::Stop:
-                return "stop " + channel(c.a, false);
+                return "stop " + on;
             case Op::SetVolume:
-                return "volume " + channel(c.a, false) + " " + std::to_string(c.b);
+                return "volume " + on + " " + std::to_string(c.b);
             case Op::SetPan:
-                return "pan " + channel(c.a, false) + " " + std::to_string(c.b);
+                return "pan " + on + " " + std::to_string(c.b);
             case Op::SetLoopMode:
-                return "loop " + channel(c.a, false) + (c.b != 0 ? " normal" : " off");
+                return "loop " + on + (c.b != 0 ? " normal" : " off");
             default:
                 return c.text();
         }
-    }
-
-    std::string sample(std::int64_t handle, bool given) {
-        return name(samples_, "s", handle, given);
-    }
-    std::string channel(std::int64_t handle, bool given) {
-        return name(channels_, "c", handle, given);
     }
 
   private:
@@ -58,16 +53,13 @@ class CallNames {
         if (handle == 0) {
             return std::string(prefix) + "0";
         }
-        auto it = names.find(handle);
-        if (it != names.end()) {
+        if (auto it = names.find(handle); it != names.end()) {
             return it->second;
         }
         if (!given) {
             return std::string(prefix) + "?";
         }
-        const std::string n = prefix + std::to_string(names.size() + 1);
-        names.emplace(handle, n);
-        return n;
+        return names.emplace(handle, prefix + std::to_string(names.size() + 1)).first->second;
     }
 
     std::filesystem::path root_;
