@@ -59,11 +59,6 @@ TEST_F(BackgroundBankViewTest, ARowDrivesItsSlotAndFollowsIt) {
     upperBar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(bank.slot(4).highLimitBar.value(), 5);
     EXPECT_EQ(upperText->text(), QStringLiteral("245"));
-
-    auto* allUp = named<QPushButton>(view, QStringLiteral("Volume bulk 3"));
-    ASSERT_NE(allUp, nullptr);
-    allUp->click();
-    EXPECT_EQ(bank.slot(1).volume.value(), 15);
 }
 
 TEST_F(BackgroundBankViewTest, OnlyTheCustomBankShowsChoosersAndResetAll) {

@@ -85,17 +85,26 @@ inline std::vector<std::string> callLines(const RecordingEngine& engine,
     return out;
 }
 
+// What a slot shows, as text; `handles` adds the drift target and the engine handles,
+// which a reload draws and hands out afresh.
+inline std::string describe(const BackgroundSoundSlot& sl, bool handles = true) {
+    std::ostringstream s;
+    s << sl.on.value() << " '" << sl.on.caption() << "' '" << sl.on.toolTip() << "' v"
+      << sl.volume.value() << " b" << sl.balance.value() << " r" << sl.rate.value() << " u"
+      << sl.lowLimitBar.value() << "/" << sl.highLimitBar.value() << " t" << sl.lowLimitText.text()
+      << "/" << sl.highLimitText.text() << " '" << sl.path << "' timer" << sl.timer.enabled() << "/"
+      << sl.timer.interval();
+    if (handles) {
+        s << " d" << sl.driftTarget << " s" << sl.sample << " c" << sl.channel;
+    }
+    return s.str();
+}
+
 // Everything a background bank shows, as text, for "nothing changed" checks.
-inline std::string snapshot(const BackgroundBank& bank) {
+inline std::string snapshot(const BackgroundBank& bank, bool handles = true) {
     std::ostringstream s;
     for (int i = 1; i <= kBackgroundSlots; ++i) {
-        const BackgroundSoundSlot& sl = bank.slot(i);
-        s << i << ": " << sl.on.value() << " '" << sl.on.caption() << "' '" << sl.on.toolTip()
-          << "' v" << sl.volume.value() << " b" << sl.balance.value() << " r" << sl.rate.value()
-          << " u" << sl.lowLimitBar.value() << "/" << sl.highLimitBar.value() << " t"
-          << sl.lowLimitText.text() << "/" << sl.highLimitText.text() << " d" << sl.driftTarget
-          << " '" << sl.path << "' s" << sl.sample << " c" << sl.channel << " timer"
-          << sl.timer.enabled() << "/" << sl.timer.interval() << "\n";
+        s << i << ": " << describe(bank.slot(i), handles) << "\n";
     }
     s << "strip " << bank.Master.value() << " " << bank.maxvol.value() << " " << bank.Random.value()
       << " " << bank.MP3.value() << " " << bank.CD.value() << " " << bank.Bwaves.value()
