@@ -17,45 +17,38 @@ namespace {
 
 using testing::answerNextDialog;
 
-TEST(QtFileFilter, TurnsNamePatternPairsIntoQtEntries) {
-    EXPECT_EQ(qtFileFilter("Zip Files|*.zip"), QStringLiteral("Zip Files (*.zip)"));
-    EXPECT_EQ(qtFileFilter("Playlist Files|*.plf|All|*.*"),
-              QStringLiteral("Playlist Files (*.plf);;All (*.*)"));
-    EXPECT_EQ(qtFileFilter(""), QString());
+TEST(QtFileFilter, TurnsNamePatternPairsIntoQtEntriesWithoutRepeatingPatterns) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"Zip Files|*.zip", "Zip Files (*.zip)"},
+        {"Playlist Files|*.plf|All|*.*", "Playlist Files (*.plf);;All (*.*)"},
+        {"", ""},
+        {"Background Config Files (*.bcf)|*.bcf", "Background Config Files (*.bcf)"},
+        // A space before the pattern, as some panels write it.
+        {"Brevane 6.0 Scenario Files (*.scn)| *.scn", "Brevane 6.0 Scenario Files (*.scn)"},
+        // Qt reads the patterns from the last brackets, so the name's comma list must
+        // give way to the real, space-separated one.
+        {"All Supported Samples (*.wav, *.mp3, *.ogg, *.wma)|*.wav;*.ogg;*.mp3;*.wma",
+         "All Supported Samples (*.wav *.ogg *.mp3 *.wma)"},
+        {"Notes (old)|*.txt", "Notes (old) (*.txt)"},
+        {"Everything", "Everything (*)"},
+        {"Zip Files|*.zip|", "Zip Files (*.zip)"},
+        {"|*.scn", "(*.scn)"},
+    };
+    for (const auto& [filter, qt] : cases) {
+        EXPECT_EQ(qtFileFilter(filter), QString::fromUtf8(qt)) << filter;
+    }
 }
 
-TEST(QtFileFilter, PatternsAlreadyInTheNameAreNotRepeated) {
-    EXPECT_EQ(qtFileFilter("Background Config Files (*.bcf)|*.bcf"),
-              QStringLiteral("Background Config Files (*.bcf)"));
-    // A space before the pattern, as some panels write it.
-    EXPECT_EQ(qtFileFilter("Brevane 6.0 Scenario Files (*.scn)| *.scn"),
-              QStringLiteral("Brevane 6.0 Scenario Files (*.scn)"));
-}
-
-TEST(QtFileFilter, SeveralPatternsBecomeTheOnesQtMatchesOn) {
-    // Qt reads the patterns from the last brackets, so the name's comma list
-    // must give way to the real, space-separated one.
-    EXPECT_EQ(qtFileFilter("All Supported Samples (*.wav, *.mp3, *.ogg, *.wma)|"
-                           "*.wav;*.ogg;*.mp3;*.wma"),
-              QStringLiteral("All Supported Samples (*.wav *.ogg *.mp3 *.wma)"));
-}
-
-TEST(QtFileFilter, OddShapesStillGiveUsableEntries) {
-    EXPECT_EQ(qtFileFilter("Notes (old)|*.txt"), QStringLiteral("Notes (old) (*.txt)"));
-    EXPECT_EQ(qtFileFilter("Everything"), QStringLiteral("Everything (*)"));
-    EXPECT_EQ(qtFileFilter("Zip Files|*.zip|"), QStringLiteral("Zip Files (*.zip)"));
-    EXPECT_EQ(qtFileFilter("|*.scn"), QStringLiteral("(*.scn)"));
-}
-
-TEST(QtDialogsMessages, MessageShowsItsKindTextAndTitle) {
+TEST(QtDialogsMessages, MessageShowsItsKindTextAndTitleWhichDefaultsToTheProgramsName) {
     QtDialogs dialogs;
     struct Case {
         MessageKind kind;
         QMessageBox::Icon icon;
+        const char* title;
     };
-    for (const Case c : {Case{MessageKind::Information, QMessageBox::Information},
-                         Case{MessageKind::Exclamation, QMessageBox::Warning},
-                         Case{MessageKind::Critical, QMessageBox::Critical}}) {
+    for (const Case c : {Case{MessageKind::Information, QMessageBox::Information, "Scenario"},
+                         Case{MessageKind::Exclamation, QMessageBox::Warning, "Scenario"},
+                         Case{MessageKind::Critical, QMessageBox::Critical, ""}}) {
         QString text, title;
         QMessageBox::Icon icon = QMessageBox::NoIcon;
         answerNextDialog<QMessageBox>([&](QMessageBox& box) {
@@ -64,25 +57,14 @@ TEST(QtDialogsMessages, MessageShowsItsKindTextAndTitle) {
             icon = box.icon();
             box.accept();
         });
-        dialogs.message(c.kind, "Not saved\r\n<try again>", "Scenario");
+        dialogs.message(c.kind, "Not saved\r\n<try again>", c.title);
         EXPECT_EQ(text, QStringLiteral("Not saved\n<try again>"));
-        EXPECT_EQ(title, QStringLiteral("Scenario"));
+        EXPECT_EQ(title, *c.title ? QString::fromUtf8(c.title) : QStringLiteral("Brevane"));
         EXPECT_EQ(icon, c.icon);
     }
 }
 
-TEST(QtDialogsMessages, TitleDefaultsToTheProgramsName) {
-    QtDialogs dialogs;
-    QString title;
-    answerNextDialog<QMessageBox>([&](QMessageBox& box) {
-        title = box.windowTitle();
-        box.accept();
-    });
-    dialogs.message(MessageKind::Information, "Done");
-    EXPECT_EQ(title, QStringLiteral("Brevane"));
-}
-
-TEST(QtDialogsMessages, QuestionAnswersYesOrNo) {
+TEST(QtDialogsMessages, QuestionAnswersYesOrNoAndEscapeMeansNo) {
     QtDialogs dialogs;
     for (const bool yes : {true, false}) {
         QString text;
@@ -93,10 +75,6 @@ TEST(QtDialogsMessages, QuestionAnswersYesOrNo) {
         EXPECT_EQ(dialogs.askYesNo("Overwrite?"), yes);
         EXPECT_EQ(text, QStringLiteral("Overwrite?"));
     }
-}
-
-TEST(QtDialogsMessages, EscapeOnAQuestionMeansNo) {
-    QtDialogs dialogs;
     answerNextDialog<QMessageBox>([](QMessageBox& box) { box.reject(); });
     EXPECT_FALSE(dialogs.askYesNo("Delete the preset?"));
 }
@@ -133,7 +111,7 @@ class QtFileDialogsTest : public ::testing::Test {
     QtDialogs dialogs_;
 };
 
-TEST_F(QtFileDialogsTest, OpenFileStartsWhereAskedWithTheFilterAndGivesTheChoice) {
+TEST_F(QtFileDialogsTest, OpenFileStartsWhereAskedWithTheFilterAndGivesTheChoiceOrNothingOnCancel) {
     QString title, shownFolder;
     QStringList filters;
     answerNextDialog<QFileDialog>([&](QFileDialog& d) {
@@ -152,9 +130,7 @@ TEST_F(QtFileDialogsTest, OpenFileStartsWhereAskedWithTheFilterAndGivesTheChoice
                                     QStringLiteral("All (*.*)")}));
     ASSERT_TRUE(chosen.has_value());
     EXPECT_EQ(*chosen, folder() / "storm.bcf");
-}
 
-TEST_F(QtFileDialogsTest, CancelledFileDialogGivesNothing) {
     answerNextDialog<QFileDialog>([](QFileDialog& d) { d.reject(); });
     EXPECT_FALSE(dialogs_.openFile({"Load", folder(), "Zip Files|*.zip", ""}).has_value());
 }

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <csignal>
+#include <functional>
 #include <memory>
 
 namespace brevane {
@@ -24,10 +25,14 @@ int runUntilQuit() {
 
 class QuitRoutineTest : public ::testing::Test {
   protected:
-    QuitRoutine routine_{[this] {
-        ++shutdowns_;
-        onEventThread_ = QThread::currentThread() == QCoreApplication::instance()->thread();
-    }};
+    // Counts the shutdowns and notes whether the last ran on the event thread.
+    std::function<void()> shutdown() {
+        return [this] {
+            ++shutdowns_;
+            onEventThread_ = QThread::currentThread() == QCoreApplication::instance()->thread();
+        };
+    }
+    QuitRoutine routine_{shutdown()};
     int shutdowns_ = 0;
     bool onEventThread_ = false;
 };
@@ -44,10 +49,7 @@ TEST_F(QuitRoutineTest, ClosingTheWindowRunsTheShutdownAndEndsWithStatusZero) {
 
 TEST_F(QuitRoutineTest, EachTerminationSignalRunsTheShutdownOnTheEventThread) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        QuitRoutine routine([this] {
-            ++shutdowns_;
-            onEventThread_ = QThread::currentThread() == QCoreApplication::instance()->thread();
-        });
+        QuitRoutine routine(shutdown());
         ASSERT_TRUE(routine.catchTermination());
         shutdowns_ = 0;
         onEventThread_ = false;
@@ -73,22 +75,17 @@ TEST_F(QuitRoutineTest, ShutdownRunsOnceHoweverManyWaysAskAtOnce) {
     EXPECT_EQ(shutdowns_, 1);
 }
 
-TEST(QuitRoutineSignals, OnlyOneRoutineCatchesSignalsAtATime) {
-    auto first = std::make_unique<QuitRoutine>([] {});
-    ASSERT_TRUE(first->catchTermination());
-    QuitRoutine second([] {});
-    EXPECT_FALSE(second.catchTermination());
-    first.reset();
-    EXPECT_TRUE(second.catchTermination());
-}
-
-TEST(QuitRoutineSignals, DestroyedRoutineGivesBackTheHandlersItFound) {
+TEST(QuitRoutineSignals, OnlyOneRoutineCatchesAtATimeAndGivesBackTheHandlersItFound) {
     struct sigaction before {};
     sigaction(SIGTERM, nullptr, &before);
     std::signal(SIGTERM, SIG_IGN);
     {
-        QuitRoutine routine([] {});
-        ASSERT_TRUE(routine.catchTermination());
+        auto first = std::make_unique<QuitRoutine>([] {});
+        ASSERT_TRUE(first->catchTermination());
+        QuitRoutine second([] {});
+        EXPECT_FALSE(second.catchTermination());
+        first.reset();
+        ASSERT_TRUE(second.catchTermination());
         struct sigaction during {};
         sigaction(SIGTERM, nullptr, &during);
         EXPECT_NE(during.sa_handler, SIG_IGN);
