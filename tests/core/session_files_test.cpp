@@ -50,7 +50,7 @@ TEST(SessionFiles, MainbHoldsFiftyFieldsWithPresetTwelveTwice) {
 }
 
 TEST(SessionFiles, MainbReadsField37AsTextAndPresetTwelveFrom38) {
-    MainbRecord written = sampleMainb();
+    const MainbRecord written = sampleMainb();
     std::string text = writeMainbFile(written);
     // A file from a session whose 37th field differs from the 38th.
     const std::string twice = "\"P12\",\"P12\"";
@@ -59,15 +59,8 @@ TEST(SessionFiles, MainbReadsField37AsTextAndPresetTwelveFrom38) {
     const SessionRead<MainbRecord> read = readMainbFile(text);
     EXPECT_EQ(read.fields, 50);
     EXPECT_EQ(read.record.field37, "2");
-    EXPECT_EQ(read.record.presetCaptions, written.presetCaptions);
-    EXPECT_EQ(read.record.groups, written.groups);
-    EXPECT_EQ(read.record.colours, written.colours);
-    EXPECT_EQ(read.record.remoteCaptionAgain, "Scenario: Rain again");
-    EXPECT_TRUE(read.record.customRandomAuto);
-    EXPECT_FALSE(read.record.randomAuto);
-    EXPECT_EQ(read.record.remoteOptions, (std::array<bool, 2>{false, true}));
-    EXPECT_EQ(read.record.remoteScrolls, (std::array<int, 2>{12, -3}));
-    EXPECT_EQ(read.record.brainwaveList, "Alpha");
+    // Every other field comes back as written, preset 12 from field 38.
+    EXPECT_EQ(writeMainbFile(read.record), writeMainbFile(written));
 }
 
 TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
@@ -99,14 +92,11 @@ TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
 }
 
 TEST(SessionFiles, WholeNumberTextTakesOnlyAWholeNumber) {
-    EXPECT_EQ(wholeNumberText("2"), 2);
     EXPECT_EQ(wholeNumberText(" 17 "), 17);
     EXPECT_EQ(wholeNumberText("-1"), -1);
-    EXPECT_EQ(wholeNumberText("Currently Unassigned"), std::nullopt);
-    EXPECT_EQ(wholeNumberText("3 Forest"), std::nullopt);
-    EXPECT_EQ(wholeNumberText("2.5"), std::nullopt);
-    EXPECT_EQ(wholeNumberText(""), std::nullopt);
-    EXPECT_EQ(wholeNumberText("99999999999"), std::nullopt);
+    for (const char* text : {"Currently Unassigned", "3 Forest", "2.5", "", "99999999999"}) {
+        EXPECT_EQ(wholeNumberText(text), std::nullopt) << text;
+    }
 }
 
 }  // namespace

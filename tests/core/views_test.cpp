@@ -1,41 +1,133 @@
-// The console, random bank, Identify, options and tips windows bound to a whole
-// Application: they follow their panels, edits reach the controls, and rows line up.
+// The console, random bank, Identify, options and tips windows, the status displays
+// and the tray menu, on the offscreen platform bound to a whole Application: windows
+// follow their panels, edits reach the controls, and rows line up.
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
 #include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
+#include <QSystemTrayIcon>
 #include <QTest>
 
 #include "core/app_harness.h"
 #include "engine/recording_engine.h"
-#include "ui/banks/random/identify_view.h"
-#include "ui/banks/random/random_bank_view.h"
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
+#include "ui/core/tray_view.h"
 #include "ui/platform/qt_text.h"
+#include "ui/widgets/lcd_display_widget.h"
+#include "ui/widgets/lcd_font.h"
 
 namespace brevane {
 namespace {
 
 using Op = RecordingEngine::Op;
 
-class ViewsTest : public ::testing::Test {
+// ---- the display widget on its own ----
+
+TEST(LcdFont, EveryCharacterLightsItsOwnDotsAndTheRestFallBack) {
+    // A descender reaches the eighth row; a capital never does.
+    EXPECT_NE(lcdGlyph(QLatin1Char('g'))[7], 0);
+    EXPECT_EQ(lcdGlyph(QLatin1Char('G'))[7], 0);
+    // Every printable character but the blank lights something, and no two letters
+    // look alike.
+    for (char c = '!'; c <= '~'; ++c) {
+        const LcdGlyph& g = lcdGlyph(QLatin1Char(c));
+        EXPECT_TRUE(std::any_of(g.begin(), g.end(), [](std::uint8_t row) { return row != 0; }))
+            << c;
+    }
+    for (char a = 'A'; a <= 'z'; ++a) {
+        for (char b = static_cast<char>(a + 1); b <= 'z'; ++b) {
+            EXPECT_NE(lcdGlyph(QLatin1Char(a)), lcdGlyph(QLatin1Char(b))) << a << " " << b;
+        }
+    }
+    // Accents fall back to their letter, anything else to a box.
+    EXPECT_EQ(lcdGlyph(QChar(0x00E9)), lcdGlyph(QLatin1Char('e')));
+    EXPECT_EQ(lcdGlyph(QChar(0x00C5)), lcdGlyph(QLatin1Char('A')));
+    EXPECT_EQ(lcdGlyph(QChar(0x0009)), lcdGlyph(QChar(0x263C)));
+    EXPECT_NE(lcdGlyph(QChar(0x263C)), lcdGlyph(QLatin1Char('?')));
+}
+
+TEST(LcdDisplayWidget, CaptionedRowsHoldCaptionAndTextCutToTheGlass) {
+    LcdDisplay display;
+    display.setLine(1, "Scenario");
+    display.setLine(2, "Previous");
+    display.setLine(3, "A Very Long Scenario Name Indeed");
+    LcdDisplayWidget widget(display, LcdDisplayWidget::Layout::Captioned, 20, 9);
+    EXPECT_EQ(widget.rows(), (QStringList{QStringLiteral("Scenario A Very Long"),
+                                          QStringLiteral("Previous            ")}));
+    // The whole name is one pointer rest away.
+    EXPECT_TRUE(widget.toolTip().contains(QStringLiteral("A Very Long Scenario Name Indeed")));
+
+    display.setLine(3, "Rain");
+    display.setLine(4, "N/A");
+    EXPECT_EQ(widget.rows(), (QStringList{QStringLiteral("Scenario Rain       "),
+                                          QStringLiteral("Previous N/A        ")}));
+    EXPECT_TRUE(widget.toolTip().isEmpty());
+
+    LcdDisplayWidget lines(display, LcdDisplayWidget::Layout::Lines, 6, 0);
+    EXPECT_EQ(lines.rows(), (QStringList{QStringLiteral("Scenar"), QStringLiteral("Previo"),
+                                         QStringLiteral("Rain  "), QStringLiteral("N/A   ")}));
+}
+
+// The colour at the middle of the glass's left padding, clear of every character.
+QColor glassColour(LcdDisplayWidget& widget) {
+    widget.resize(widget.sizeHint());
+    const QImage image = widget.grab().toImage();
+    return image.pixelColor(6, image.height() / 2);
+}
+
+TEST(LcdDisplayWidget, TheGlassTakesThePalettesBacklight) {
+    LcdDisplay display;
+    LcdDisplayWidget widget(display, LcdDisplayWidget::Layout::Captioned, 12, 4);
+
+    const QColor standard = glassColour(widget);
+    EXPECT_EQ(standard, lcdLook(LcdDisplay::kDefaultPalette).glass);
+
+    display.setPalette(LcdPalette::Green);
+    EXPECT_EQ(glassColour(widget), lcdLook(LcdPalette::Green).glass);
+
+    // "CUSTOM" lights with the scheme's colours, and without them like the default.
+    display.setPalette(LcdPalette::Custom);
+    EXPECT_EQ(glassColour(widget), standard);
+    display.setColours(LcdColours{0x00336699, 0x00FFFFFF, 0x00000000, 0x00112233});
+    EXPECT_EQ(glassColour(widget), QColor(0x99, 0x66, 0x33));
+
+    // Every palette lights its glass differently.
+    for (int a = 0; a < 10; ++a) {
+        for (int b = a + 1; b < 10; ++b) {
+            EXPECT_NE(lcdLook(lcdPaletteFromIndex(a)).glass, lcdLook(lcdPaletteFromIndex(b)).glass);
+        }
+    }
+    EXPECT_EQ(lcdPaletteFromIndex(99), LcdDisplay::kDefaultPalette);
+    EXPECT_EQ(lcdPaletteFromIndex(-1), LcdDisplay::kDefaultPalette);
+}
+
+// ---- the windows ----
+
+class Views : public ::testing::Test {
   protected:
     void SetUp() override {
+        h.writeFile("config/scenarios/Night Harbour.scn", "x");
         app = &h.startAndLoad();
         views = std::make_unique<ApplicationViews>(*app);
     }
     void TearDown() override { views.reset(); }
 
-    QWidget& bankWindow(int n) { return *views->windowOf(app->randomBank(n)->window); }
+    QWidget& windowOf(const PanelWindow& panel) { return *views->windowOf(panel); }
+    QWidget& bankWindow(int n) { return windowOf(app->randomBank(n)->window); }
 
     template <class W>
-    W* findByName(QWidget& root, const QString& accessibleName) {
+    static W* findByName(QWidget& root, const QString& accessibleName) {
         for (W* w : root.findChildren<W*>()) {
             if (w->accessibleName() == accessibleName) {
                 return w;
@@ -44,10 +136,32 @@ class ViewsTest : public ::testing::Test {
         return nullptr;
     }
 
-    QPushButton* buttonWithText(QWidget& root, const QString& text) {
-        for (QPushButton* b : root.findChildren<QPushButton*>()) {
-            if (b->text() == text) {
-                return b;
+    QPushButton* buttonWithText(const QString& text) {
+        return buttonWithText(views->mainWindow(), text);
+    }
+    // The button, check box or label of `root` showing `text`.
+    template <class W = QPushButton>
+    static W* buttonWithText(QWidget& root, const QString& text) {
+        for (W* w : root.findChildren<W*>()) {
+            if (w->text() == text) {
+                return w;
+            }
+        }
+        return nullptr;
+    }
+
+    static std::vector<QString> actionTexts(QMenu& menu) {
+        std::vector<QString> out;
+        for (QAction* a : menu.actions()) {
+            out.push_back(a->isSeparator() ? QStringLiteral("-") : a->text());
+        }
+        return out;
+    }
+
+    static QAction* action(QMenu& menu, const QString& text) {
+        for (QAction* a : menu.actions()) {
+            if (a->text() == text) {
+                return a;
             }
         }
         return nullptr;
@@ -58,13 +172,151 @@ class ViewsTest : public ::testing::Test {
     std::unique_ptr<ApplicationViews> views;
 };
 
-TEST_F(ViewsTest, WindowsFollowTheirPanels) {
+TEST_F(Views, EveryCommandHasAButtonThatFollowsItsControl) {
+    // The first ten act on panels in being; the others wait for theirs.
+    const QStringList texts =
+        QStringLiteral(
+            "Background 1|Background 2|Custom Background|Random|Identify|Master Stop|"
+            "Options|Rec|Help|Info|Brainwaves|Evolve|MP3|CD|Effects|Schedule|...|"
+            "Alarm On|Alarm Off|Colors|Import|Export|Delete|Assign|Clear|"
+            "Switch to controller")
+            .split(u'|');
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        QPushButton* b = buttonWithText(texts[i]);
+        ASSERT_NE(b, nullptr) << texts[i].toStdString();
+        EXPECT_EQ(b->isEnabled(), i < 10) << texts[i].toStdString();
+    }
+    int presets = 0;
+    for (QPushButton* b : views->mainWindow().findChildren<QPushButton*>()) {
+        presets += b->text() == QStringLiteral("Currently Unassigned") ? 1 : 0;
+    }
+    EXPECT_EQ(presets, Frmmain::kPresetButtons);
+
+    // A panel that joins later only has to enable its button.
+    app->frmmain.evolveButton.setEnabled(true);
+    EXPECT_TRUE(buttonWithText(QStringLiteral("Evolve"))->isEnabled());
+}
+
+TEST_F(Views, InfoShowsTheInformationInPlace) {
+    views->mainWindow().show();
+    QPlainTextEdit* info = views->mainWindow().findChild<QPlainTextEdit*>();
+    ASSERT_NE(info, nullptr);
+    EXPECT_FALSE(info->isVisible());
+    QTest::mouseClick(buttonWithText(QStringLiteral("Info")), Qt::LeftButton);
+    EXPECT_TRUE(app->frmmain.information.visible());
+    EXPECT_TRUE(info->isVisible());
+    EXPECT_EQ(info->toPlainText(),
+              QStringLiteral("There is currently no information for this scenario."));
+    app->frmmain.information.setText("Rain on a tin roof.\r\nBest after dark.");
+    EXPECT_EQ(info->toPlainText(), QStringLiteral("Rain on a tin roof.\nBest after dark."));
+    QTest::mouseClick(buttonWithText(QStringLiteral("Info")), Qt::LeftButton);
+    EXPECT_FALSE(info->isVisible());
+}
+
+TEST_F(Views, TheConsoleShowsItsDisplaysLinesAndMasterAsTheFadeRaisesIt) {
+    app->SavedMasterLevel = 12;
+    h.loop.advance(Frmmain::kClockMs);
+    const auto displays = views->mainWindow().findChildren<LcdDisplayWidget*>();
+    ASSERT_EQ(displays.size(), 8);
+    QStringList all;
+    for (LcdDisplayWidget* d : displays) {
+        all << d->rows();
+    }
+    const QString time = QStringLiteral("Time      ") + qtText(h.loop.timeOfDay());
+    EXPECT_TRUE(all.contains(time.leftJustified(30, QLatin1Char(' '))))
+        << all.join(u'|').toStdString();
+    EXPECT_TRUE(
+        all.contains(QStringLiteral("Weather   Static").leftJustified(30, QLatin1Char(' '))));
+    // All eight line up: the same width on both columns.
+    for (LcdDisplayWidget* d : displays) {
+        EXPECT_EQ(d->sizeHint(), displays.front()->sizeHint());
+    }
+
+    QSlider* master = findByName<QSlider>(views->mainWindow(), QStringLiteral("Master"));
+    ASSERT_NE(master, nullptr);
+    EXPECT_EQ(master->value(), 12);
+    EXPECT_NE(buttonWithText<QLabel>(views->mainWindow(), QStringLiteral("12")), nullptr);
+}
+
+TEST_F(Views, TheTrayMenuMirrorsTheConsolesMenuAndActsOnIt) {
+    QMenu& menu = views->tray().menu();
+    Q_EMIT menu.aboutToShow();
+    // The console's menu tree, entry for entry, submenus included.
+    const auto captions = [](const MenuEntry& entry) {
+        std::vector<QString> out;
+        for (const std::string& caption : entry.captions()) {
+            out.push_back(qtText(caption));
+        }
+        return out;
+    };
+    EXPECT_EQ(actionTexts(menu), captions(app->frmmain.mnutray));
+    QMenu* scenarios = action(menu, QStringLiteral("Scenario"))->menu();
+    ASSERT_NE(scenarios, nullptr);
+    EXPECT_EQ(actionTexts(*scenarios), captions(app->frmmain.mnuScenario()));
+    EXPECT_EQ(actionTexts(*scenarios).front(), QStringLiteral("Night Harbour"));
+
+    // A right click on the console offers the same menu, for desktops without a tray.
+    QMenu* consoleMenu = views->mainWindow().findChild<QMenu*>();
+    ASSERT_NE(consoleMenu, nullptr);
+    Q_EMIT consoleMenu->aboutToShow();
+    EXPECT_EQ(actionTexts(*consoleMenu), actionTexts(menu));
+
+    // Mute from the menu; the next opening shows it checked.
+    app->frmmain.Master.setValue(50);
+    action(menu, QStringLiteral("Mute"))->trigger();
+    EXPECT_EQ(app->frmmain.Master.value(), 0);
+    Q_EMIT menu.aboutToShow();
+    EXPECT_TRUE(action(menu, QStringLiteral("Mute"))->isChecked());
+    action(menu, QStringLiteral("Mute"))->trigger();
+    EXPECT_EQ(app->frmmain.Master.value(), 50);
+
+    // An entry of a menu left open while the list is rebuilt without it does nothing.
+    QAction* harbour = action(*scenarios, QStringLiteral("Night Harbour"));
+    std::vector<std::string> loaded;
+    app->frmmain.scenarioLoader = [&](const std::string& name) { loaded.push_back(name); };
+    app->frmmain.scenarioList.clear();
+    app->frmmain.buildScenarioMenu();
+    harbour->setEnabled(true);
+    harbour->trigger();
+    EXPECT_TRUE(loaded.empty());
+}
+
+TEST_F(Views, WithoutATrayTheHiddenConsoleWaitsInTheTaskBar) {
+    if (QSystemTrayIcon::isSystemTrayAvailable()) {
+        GTEST_SKIP() << "this desktop has a notification area";
+    }
+    QMainWindow& window = views->mainWindow();
+    ASSERT_TRUE(window.isVisible());
+    // Another window of the program on screen: the console simply hides.
+    app->frmback.show();
+    app->frmmain.window.hide();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isHidden());
+
+    // Alone, as "Minimize on startup" leaves it, it goes to the task bar instead.
+    app->frmback.window.hide();
+    app->frmmain.window.show();
+    app->frmmain.window.hide();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isMinimized());
+    EXPECT_FALSE(app->frmmain.window.visible());
+    // Coming back from the task bar shows the console again.
+    window.showNormal();
+    EXPECT_TRUE(app->frmmain.window.visible());
+    EXPECT_TRUE(app->MainShown);
+
+    // The quit hides it for good.
+    app->frmmain.quitWithoutAsking();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isHidden());
+}
+
+TEST_F(Views, WindowsFollowTheirPanels) {
     EXPECT_TRUE(views->mainWindow().isVisible());
     EXPECT_FALSE(bankWindow(1).isVisible());
-    EXPECT_FALSE(views->windowOf(app->STARTUP.window)->isVisible());
+    EXPECT_FALSE(windowOf(app->STARTUP.window).isVisible());
 
-    QTest::mouseClick(buttonWithText(views->mainWindow(), QStringLiteral("Random")),
-                      Qt::LeftButton);
+    QTest::mouseClick(buttonWithText(QStringLiteral("Random")), Qt::LeftButton);
     EXPECT_TRUE(bankWindow(1).isVisible());
     EXPECT_EQ(bankWindow(1).windowTitle(), QStringLiteral("BANK1"));
 
@@ -72,15 +324,9 @@ TEST_F(ViewsTest, WindowsFollowTheirPanels) {
     bankWindow(1).close();
     EXPECT_FALSE(app->frmrandommain.window.visible());
     EXPECT_TRUE(app->frmrandommain.Timer2.enabled());
-
-    QTest::mouseClick(buttonWithText(views->mainWindow(), QStringLiteral("Identify")),
-                      Qt::LeftButton);
-    QWidget& identify = *views->windowOf(app->Frmsoundindent.window);
-    EXPECT_TRUE(identify.isVisible());
-    EXPECT_EQ(identify.windowTitle(), QStringLiteral("Identify Playing Sounds"));
 }
 
-TEST_F(ViewsTest, ClickingASoundNamePreviewsItAndSlidersReachTheBank) {
+TEST_F(Views, ClickingASoundNamePreviewsItAndSlidersReachTheBank) {
     app->frmrandommain2.show();
     QWidget& w = bankWindow(2);
     QPushButton* name = buttonWithText(w, QStringLiteral("Wasp"));
@@ -103,7 +349,7 @@ TEST_F(ViewsTest, ClickingASoundNamePreviewsItAndSlidersReachTheBank) {
     EXPECT_EQ(app->frmmain.Random.value(), 64);
 }
 
-TEST_F(ViewsTest, BankRowsLineUpAcrossBothColumns) {
+TEST_F(Views, BankRowsLineUpAcrossBothColumns) {
     app->frmrandommain3.show();
     QWidget& w = bankWindow(3);
     for (const QSize size : {w.sizeHint(), QSize(1400, 900)}) {
@@ -129,22 +375,11 @@ TEST_F(ViewsTest, BankRowsLineUpAcrossBothColumns) {
     }
 }
 
-TEST_F(ViewsTest, TheConsoleShowsMasterAsTheFadeRaisesIt) {
-    app->SavedMasterLevel = 12;
-    h.loop.advance(Frmmain::kIntroFadeMs * 20);
-    QSlider* master = findByName<QSlider>(views->mainWindow(), QStringLiteral("Master"));
-    ASSERT_NE(master, nullptr);
-    EXPECT_EQ(master->value(), 12);
-    bool readout = false;
-    for (QLabel* label : views->mainWindow().findChildren<QLabel*>()) {
-        readout = readout || label->text() == QStringLiteral("12");
-    }
-    EXPECT_TRUE(readout);
-}
-
-TEST_F(ViewsTest, TheIdentifyWindowListsFiringsAndItsBankButtonsPlaceTheBank) {
-    app->Frmsoundindent.window.show();
-    QWidget& w = *views->windowOf(app->Frmsoundindent.window);
+TEST_F(Views, TheIdentifyWindowListsFiringsAndItsBankButtonsPlaceTheBank) {
+    QTest::mouseClick(buttonWithText(QStringLiteral("Identify")), Qt::LeftButton);
+    QWidget& w = windowOf(app->Frmsoundindent.window);
+    ASSERT_TRUE(w.isVisible());
+    EXPECT_EQ(w.windowTitle(), QStringLiteral("Identify Playing Sounds"));
     app->frmrandommain4.fire(12);
     h.loop.advance(IdentifyPanel::kRefreshMs);
     const auto lists = w.findChildren<QListWidget*>();
@@ -163,10 +398,9 @@ TEST_F(ViewsTest, TheIdentifyWindowListsFiringsAndItsBankButtonsPlaceTheBank) {
     EXPECT_EQ(lists[1]->item(0)->text(), QStringLiteral("Waiting..."));
 }
 
-TEST_F(ViewsTest, TheOptionsWindowShowsOnePageAtATimeAndItsControlsReachThePanel) {
-    QTest::mouseClick(buttonWithText(views->mainWindow(), QStringLiteral("Options")),
-                      Qt::LeftButton);
-    QWidget& options = *views->windowOf(app->FRMOPTIONS.window);
+TEST_F(Views, TheOptionsWindowShowsOnePageAtATimeAndItsControlsReachThePanel) {
+    QTest::mouseClick(buttonWithText(QStringLiteral("Options")), Qt::LeftButton);
+    QWidget& options = windowOf(app->FRMOPTIONS.window);
     ASSERT_TRUE(options.isVisible());
     const auto shownPages = [&options] {
         QStringList titles;
@@ -189,29 +423,19 @@ TEST_F(ViewsTest, TheOptionsWindowShowsOnePageAtATimeAndItsControlsReachThePanel
     EXPECT_EQ(app->SoundCardIndex, devices->count() - 1);
 
     QTest::mouseClick(buttonWithText(options, QStringLiteral("Program Options")), Qt::LeftButton);
-    QCheckBox* confirm = nullptr;
-    for (QCheckBox* box : options.findChildren<QCheckBox*>()) {
-        if (box->text() == QStringLiteral("Confirm Exit Application")) {
-            confirm = box;
-        }
-    }
+    auto* confirm = buttonWithText<QCheckBox>(options, QStringLiteral("Confirm Exit Application"));
     ASSERT_NE(confirm, nullptr);
     EXPECT_TRUE(confirm->isVisible());
     confirm->click();
     EXPECT_TRUE(app->FRMOPTIONS.confirmExit.checked());
 }
 
-TEST_F(ViewsTest, TheTipsWindowWalksTheTipsAndCloses) {
+TEST_F(Views, TheTipsWindowWalksTheTipsAndCloses) {
     app->Formtips.show();
-    QWidget& tips = *views->windowOf(app->Formtips.window);
+    QWidget& tips = windowOf(app->Formtips.window);
     ASSERT_TRUE(tips.isVisible());
     const auto showsText = [&tips](const QString& text) {
-        for (const QLabel* label : tips.findChildren<QLabel*>()) {
-            if (label->text() == text) {
-                return true;
-            }
-        }
-        return false;
+        return buttonWithText<QLabel>(tips, text) != nullptr;
     };
     EXPECT_TRUE(showsText(qtText(TipsPanel::kTips[0])));
     QTest::mouseClick(buttonWithText(tips, QStringLiteral("Next Tip")), Qt::LeftButton);
