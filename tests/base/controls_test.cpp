@@ -8,7 +8,7 @@
 namespace brevane {
 namespace {
 
-TEST(Controls, SliderClampsAndRunsItsHandlerOnlyOnARealChange) {
+TEST(Controls, SliderClampsRunsItsHandlerOnlyOnARealChangeAndFollowsANarrowedRange) {
     Slider s(1, 100, 50);
     int calls = 0;
     s.onChange = [&] { ++calls; };
@@ -22,9 +22,16 @@ TEST(Controls, SliderClampsAndRunsItsHandlerOnlyOnARealChange) {
     s.setValue(-7);
     EXPECT_EQ(s.value(), 1);
     EXPECT_EQ(calls, 2);
+    // Narrowing the range brings the value inside and runs the handler.
+    Slider narrow(0, 255, 200);
+    std::vector<int> seen;
+    narrow.onChange = [&] { seen.push_back(narrow.value()); };
+    narrow.setRange(0, 100);
+    EXPECT_EQ(narrow.value(), 100);
+    EXPECT_EQ(seen, std::vector<int>{100});
 }
 
-TEST(Controls, ScrollBarRefusesOutOfRangeValuesAndKeepsItsValue) {
+TEST(Controls, ScrollBarRefusesOutOfRangeValuesEitherWayRoundAndKeepsItsValue) {
     ScrollBar bar(0, 255, 100);
     int calls = 0;
     bar.onChange = [&] { ++calls; };
@@ -34,28 +41,16 @@ TEST(Controls, ScrollBarRefusesOutOfRangeValuesAndKeepsItsValue) {
     EXPECT_EQ(calls, 0);
     EXPECT_TRUE(bar.setValue(255));
     EXPECT_EQ(calls, 1);
+    ScrollBar inverted(255, 0, 255);
+    EXPECT_TRUE(inverted.setValue(0));
+    EXPECT_TRUE(inverted.setValue(200));
+    EXPECT_FALSE(inverted.setValue(-1));
+    EXPECT_EQ(inverted.value(), 200);
+    EXPECT_EQ(inverted.low(), 0);
+    EXPECT_EQ(inverted.high(), 255);
 }
 
-TEST(Controls, InvertedScrollBarAcceptsItsWholeRange) {
-    ScrollBar bar(255, 0, 255);
-    EXPECT_TRUE(bar.setValue(0));
-    EXPECT_TRUE(bar.setValue(200));
-    EXPECT_FALSE(bar.setValue(-1));
-    EXPECT_EQ(bar.value(), 200);
-    EXPECT_EQ(bar.low(), 0);
-    EXPECT_EQ(bar.high(), 255);
-}
-
-TEST(Controls, NarrowingARangeBringsTheValueInsideAndRunsTheHandler) {
-    Slider s(0, 255, 200);
-    std::vector<int> seen;
-    s.onChange = [&] { seen.push_back(s.value()); };
-    s.setRange(0, 100);
-    EXPECT_EQ(s.value(), 100);
-    EXPECT_EQ(seen, std::vector<int>{100});
-}
-
-TEST(Controls, HandlersRunNestedAndSynchronously) {
+TEST(Controls, HandlersRunNestedAndSynchronouslyAndDoNotRecurseOnTheSameValue) {
     // A handler that sets another control sees that control's handler finish
     // before its own next line runs.
     Slider a, b, c;
@@ -72,9 +67,7 @@ TEST(Controls, HandlersRunNestedAndSynchronously) {
     c.onChange = [&] { order.push_back("c"); };
     a.setValue(10);
     EXPECT_EQ(order, (std::vector<std::string>{"a begins", "b", "c", "a ends with c=12"}));
-}
-
-TEST(Controls, AHandlerSettingItsOwnControlToTheSameValueDoesNotRecurse) {
+    // A handler setting its own control to the same value does not recurse.
     Slider s;
     int calls = 0;
     s.onChange = [&] {
@@ -119,7 +112,7 @@ TEST(Controls, SettingAnOptionButtonClearsTheRestOfItsGroupQuietly) {
     EXPECT_EQ(bClicks, 1);
 }
 
-TEST(Controls, TextBoxChangeRunsOnEveryRealChangeOnly) {
+TEST(Controls, TextAndComboBoxesRunTheirHandlersOnRealChangesWithTheTextSet) {
     TextBox t;
     std::vector<std::string> seen;
     t.onChange = [&] { seen.push_back(t.text()); };
@@ -128,9 +121,6 @@ TEST(Controls, TextBoxChangeRunsOnEveryRealChangeOnly) {
     t.setText("12");
     t.setText("");
     EXPECT_EQ(seen, (std::vector<std::string>{"1", "12", ""}));
-}
-
-TEST(Controls, ComboBoxSelectionSetsItsTextBeforeTheClickHandlerRuns) {
     ComboBox box;
     box.addItem("1");
     box.addItem("5");
@@ -168,7 +158,7 @@ TEST(Controls, ListBoxSelectionFollowsInsertionsAndRemovals) {
     EXPECT_EQ(list.find("b"), 0);
 }
 
-TEST(Controls, WatchersSeeTheNewValueBeforeTheHandlerRunsAndCanLeave) {
+TEST(Controls, WatchersSeeTheNewValueBeforeTheHandlerAndDisabledButtonsIgnoreClicks) {
     Slider s;
     std::vector<std::string> order;
     Control::WatchId id = s.watch([&] { order.push_back("view " + std::to_string(s.value())); });
@@ -178,9 +168,6 @@ TEST(Controls, WatchersSeeTheNewValueBeforeTheHandlerRunsAndCanLeave) {
     s.setValue(5);
     s.setEnabled(false);
     EXPECT_EQ(order, (std::vector<std::string>{"view 4", "handler", "handler"}));
-}
-
-TEST(Controls, DisabledCommandButtonIgnoresClicks) {
     CommandButton b;
     int clicks = 0;
     b.onClick = [&] { ++clicks; };

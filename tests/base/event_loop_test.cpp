@@ -22,21 +22,7 @@ TEST(EventLoop, SimultaneousTicksRunInCreationOrder) {
     EXPECT_EQ(order, (std::vector<std::string>{"second@500", "second@1000", "first@1000"}));
 }
 
-TEST(EventLoop, IntervalZeroGivesNoTicksWhileEnabled) {
-    EventLoop loop;
-    Timer t(loop, 0);
-    int ticks = 0;
-    t.onTick = [&] { ++ticks; };
-    t.setEnabled(true);
-    loop.advance(60'000);
-    EXPECT_EQ(ticks, 0);
-    EXPECT_FALSE(loop.nextDeadline());
-    t.setInterval(100);
-    loop.advance(1000);
-    EXPECT_EQ(ticks, 10);
-}
-
-TEST(EventLoop, ReEnablingOrChangingTheIntervalRestartsThePeriod) {
+TEST(EventLoop, ReEnablingOrChangingTheIntervalRestartsThePeriodAndIntervalZeroNeverTicks) {
     EventLoop loop;
     Timer t(loop, 1000);
     std::vector<std::int64_t> at;
@@ -54,6 +40,18 @@ TEST(EventLoop, ReEnablingOrChangingTheIntervalRestartsThePeriod) {
     t.setEnabled(true);
     loop.advance(200);
     EXPECT_EQ(at.back(), 2500);
+    // Interval zero gives no ticks while enabled.
+    EventLoop idle;
+    Timer zero(idle, 0);
+    int ticks = 0;
+    zero.onTick = [&] { ++ticks; };
+    zero.setEnabled(true);
+    idle.advance(60'000);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_FALSE(idle.nextDeadline());
+    zero.setInterval(100);
+    idle.advance(1000);
+    EXPECT_EQ(ticks, 10);
 }
 
 TEST(EventLoop, AHandlerCanReTimeAndDisableItself) {
@@ -75,7 +73,7 @@ TEST(EventLoop, AHandlerCanReTimeAndDisableItself) {
     EXPECT_FALSE(t.enabled());
 }
 
-TEST(EventLoop, AHandlerStartingAnotherTimerSchedulesItFromItsOwnTime) {
+TEST(EventLoop, AHandlerStartingAnotherTimerSchedulesItFromItsOwnTimeAndADestroyedOneNeverTicks) {
     EventLoop loop;
     Timer starter(loop, 300);
     Timer oneShot(loop, 50);
@@ -93,33 +91,20 @@ TEST(EventLoop, AHandlerStartingAnotherTimerSchedulesItFromItsOwnTime) {
     loop.advance(1000);
     EXPECT_EQ(order, (std::vector<std::string>{"starter@300", "oneShot@350"}));
     EXPECT_EQ(loop.now(), 1000);
-}
-
-TEST(EventLoop, ATimerDestroyedByAnotherHandlerNeverTicksAgain) {
-    EventLoop loop;
-    auto victim = std::make_unique<Timer>(loop, 100);
-    Timer killer(loop, 50);
+    // A timer destroyed by another handler never ticks again.
+    EventLoop other;
+    auto victim = std::make_unique<Timer>(other, 100);
+    Timer killer(other, 50);
     int victimTicks = 0;
     victim->onTick = [&] { ++victimTicks; };
     killer.onTick = [&] { victim.reset(); };
     killer.setEnabled(true);
     victim->setEnabled(true);
-    loop.advance(1000);
+    other.advance(1000);
     EXPECT_EQ(victimTicks, 0);
 }
 
-TEST(EventLoop, CatchingUpRunsALateTimerOnceNotInABurst) {
-    EventLoop loop;
-    Timer t(loop, 50);
-    int ticks = 0;
-    t.onTick = [&] { ++ticks; };
-    t.setEnabled(true);
-    loop.catchUpTo(1000);  // twenty periods late
-    EXPECT_EQ(ticks, 1);
-    EXPECT_EQ(*loop.nextDeadline(), 1050);
-}
-
-TEST(EventLoop, PostedTasksRunBeforeTimers) {
+TEST(EventLoop, PostedTasksRunBeforeTimersAndCatchingUpRunsALateTimerOnce) {
     EventLoop loop;
     Timer t(loop, 10);
     std::vector<std::string> order;
@@ -134,6 +119,15 @@ TEST(EventLoop, PostedTasksRunBeforeTimers) {
     });
     loop.advance(10);
     EXPECT_EQ(order, (std::vector<std::string>{"task", "task from task", "tick"}));
+    // Catching up runs a late timer once, not in a burst.
+    EventLoop late;
+    Timer slow(late, 50);
+    int ticks = 0;
+    slow.onTick = [&] { ++ticks; };
+    slow.setEnabled(true);
+    late.catchUpTo(1000);  // twenty periods late
+    EXPECT_EQ(ticks, 1);
+    EXPECT_EQ(*late.nextDeadline(), 1050);
 }
 
 TEST(EventLoop, TimeOfDayFollowsTheLoopClockAcrossMidnight) {

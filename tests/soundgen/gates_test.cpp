@@ -19,10 +19,6 @@ Buffer noiseRing(std::uint64_t seed, double seconds, double rms = 0.1) {
     return b;
 }
 
-std::vector<std::int16_t> pcmOf(const Buffer& b) {
-    return toPcm16(b);
-}
-
 TEST(Gates, FormatWantsMono16BitAt44100InTheRightContainer) {
     SoundData d;
     d.rate = 44100;
@@ -31,14 +27,12 @@ TEST(Gates, FormatWantsMono16BitAt44100InTheRightContainer) {
     d.majorFormat = SF_FORMAT_FLAC;
     EXPECT_TRUE(gates::format(d, false));
     EXPECT_FALSE(gates::format(d, true)) << "FLAC content where WAV is wanted";
-    d.rate = 48000;
-    EXPECT_FALSE(gates::format(d, false));
-    d.rate = 44100;
-    d.channels = 2;
-    EXPECT_FALSE(gates::format(d, false));
-    d.channels = 1;
-    d.subtype = SF_FORMAT_PCM_24;
-    EXPECT_FALSE(gates::format(d, false));
+    for (auto spoil : {+[](SoundData& x) { x.rate = 48000; }, +[](SoundData& x) { x.channels = 2; },
+                       +[](SoundData& x) { x.subtype = SF_FORMAT_PCM_24; }}) {
+        SoundData bad = d;
+        spoil(bad);
+        EXPECT_FALSE(gates::format(bad, false)) << gates::format(bad, false).why;
+    }
 }
 
 TEST(Gates, LoopLengthIsTwentyToFortySeconds) {
@@ -184,7 +178,7 @@ TEST(Gates, ExactPeriodWantsEveryPeriodIdenticalAndNoShorterOne) {
                 0.3 * std::sin(2 * std::numbers::pi * static_cast<double>(i % period) /
                                static_cast<double>(period)));
         }
-        return pcmOf(b);
+        return toPcm16(b);
     };
     EXPECT_TRUE(gates::exactPeriod(tone(100, 44100), 100));
     EXPECT_FALSE(gates::exactPeriod(tone(100, 44150), 100)) << "not a whole number of periods";

@@ -28,6 +28,19 @@ double dbfs(double v) {
     return 20.0 * std::log10(std::max(v, 1e-12));
 }
 
+// The step from the last sample to the first against the 99.9th percentile of the steps
+// inside the ring.
+struct WrapStep {
+    double wrap, limit;
+};
+WrapStep wrapStep(std::span<const float> x) {
+    std::vector<double> jumps(x.size() - 1);
+    for (std::size_t i = 1; i < x.size(); ++i) {
+        jumps[i - 1] = std::fabs(static_cast<double>(x[i]) - x[i - 1]);
+    }
+    return {std::fabs(static_cast<double>(x[0]) - x.back()), percentile(jumps, 99.9)};
+}
+
 }  // namespace
 
 Verdict format(const SoundData& d, bool wantWav) {
@@ -52,12 +65,7 @@ Verdict seamlessWrap(std::span<const float> x) {
     if (n < 2 * w + 2) {
         return verdict(false, "too short to judge a wrap");
     }
-    std::vector<double> jumps(n - 1);
-    for (std::size_t i = 1; i < n; ++i) {
-        jumps[i - 1] = std::fabs(static_cast<double>(x[i]) - x[i - 1]);
-    }
-    const double limit = percentile(jumps, 99.9);
-    const double wrap = std::fabs(static_cast<double>(x[0]) - x[n - 1]);
+    const auto [wrap, limit] = wrapStep(x);
     const double before = rmsOf(x.subspan(n - w, w)), after = rmsOf(x.subspan(0, w));
     const double step = std::fabs(dbfs(before) - dbfs(after));
     return verdict(
@@ -66,16 +74,10 @@ Verdict seamlessWrap(std::span<const float> x) {
 }
 
 Verdict noClickAtWrap(std::span<const float> x) {
-    const std::size_t n = x.size();
-    if (n < 3) {
+    if (x.size() < 3) {
         return verdict(false, "too short to judge a wrap");
     }
-    std::vector<double> jumps(n - 1);
-    for (std::size_t i = 1; i < n; ++i) {
-        jumps[i - 1] = std::fabs(static_cast<double>(x[i]) - x[i - 1]);
-    }
-    const double limit = percentile(jumps, 99.9);
-    const double wrap = std::fabs(static_cast<double>(x[0]) - x[n - 1]);
+    const auto [wrap, limit] = wrapStep(x);
     return verdict(wrap <= limit, fmt("wrap jump %.5f (99.9th percentile %.5f)", wrap, limit));
 }
 

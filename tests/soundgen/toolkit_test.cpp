@@ -1,5 +1,5 @@
-// The generator's toolkit: random source, filters, noise colours, curves, grains,
-// resonators, loop closing, limiting, finishing and file access.
+// The generator's toolkit: random source, filters, noise colours, curves, grains, loop
+// closing, limiting, finishing and file access.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -32,10 +32,9 @@ TEST(Random, StreamsAreFixedByTheirSeedAndNameAndStayInRange) {
     bool differs = false;
     for (int i = 0; i < 1000; ++i) {
         const double x = a.uniform();
-        EXPECT_EQ(x, b.uniform());
+        ASSERT_EQ(x, b.uniform());
+        ASSERT_TRUE(x >= 0.0 && x < 1.0) << x;
         differs |= x != c.uniform();
-        EXPECT_GE(x, 0.0);
-        EXPECT_LT(x, 1.0);
     }
     EXPECT_TRUE(differs);
     Rng r(3);
@@ -46,11 +45,8 @@ TEST(Random, StreamsAreFixedByTheirSeedAndNameAndStayInRange) {
         sum += v;
         sq += v * v;
         const int k = r.below(7);
-        EXPECT_GE(k, 0);
-        EXPECT_LT(k, 7);
         const double l = r.logUniform(100, 1000);
-        EXPECT_GE(l, 100);
-        EXPECT_LT(l, 1000);
+        ASSERT_TRUE(k >= 0 && k < 7 && l >= 100 && l < 1000) << k << " " << l;
     }
     EXPECT_NEAR(sum / kN, 0.0, 0.02);
     EXPECT_NEAR(sq / kN, 1.0, 0.03);
@@ -72,30 +68,6 @@ TEST(Filters, BiquadShapesHaveTheirGainsWhereTheySayTheyDo) {
     EXPECT_NEAR(gainToDb(Biquad::highShelf(5000, 4.0).magnitudeAt(18000)), 4.0, 0.3);
     // Frequencies past the top are held just under it, never turned into a bad filter.
     EXPECT_TRUE(std::isfinite(Biquad::lowpass(30000).magnitudeAt(1000)));
-}
-
-TEST(Filters, SvfPassesAndStopsLikeItsBiquadCousinAndSurvivesModulation) {
-    Svf svf(1000, 0.7071);
-    Buffer low = tone(200, 0.5), high = tone(8000, 0.5);
-    for (auto& v : low) {
-        v = svf(v).low;
-    }
-    svf.reset();
-    for (auto& v : high) {
-        v = svf(v).low;
-    }
-    EXPECT_NEAR(rmsOf(std::span(low).subspan(samples(0.1))), std::sqrt(0.5), 0.02);
-    EXPECT_LT(rmsOf(std::span(high).subspan(samples(0.1))), 0.02);
-    // Sweeping the frequency every sample over a wide range stays bounded.
-    Rng rng(1);
-    Buffer noise = whiteNoise(rng, samples(1.0));
-    Svf sweep;
-    for (std::size_t i = 0; i < noise.size(); ++i) {
-        sweep.set(100 + 8000 * (0.5 + 0.5 * std::sin(static_cast<double>(i) * 0.01)), 8.0);
-        noise[i] = sweep(noise[i]).band;
-    }
-    EXPECT_LT(peakOf(noise), 20.0);
-    EXPECT_GT(rmsOf(noise), 0.01);
 }
 
 TEST(Noise, ColoursHaveTheirSlopeAcrossOctaves) {
@@ -191,20 +163,6 @@ TEST(Curves, EnvelopeAndDecayPassThroughTheirPoints) {
     EXPECT_NEAR(gainToDb(d[samples(1.0)]), -60.0, 0.1);
 }
 
-TEST(Resonators, RingAtTheirFrequencyAndDieByTheirT60) {
-    Resonator res(440.0, 0.5);
-    Buffer out(samples(1.0), 0.0f);
-    process(out, Edge::Linear, [&res](float, std::size_t i) { return res(i == 0 ? 1.0f : 0.0f); });
-    EXPECT_NEAR(peakOf(std::span(out).subspan(0, samples(0.01))), 1.0, 0.02);
-    const double late = peakOf(std::span(out).subspan(samples(0.5), samples(0.01)));
-    EXPECT_NEAR(gainToDb(late), -60.0, 1.0);
-    int crossings = 0;
-    for (std::size_t i = 1; i < samples(0.25); ++i) {
-        crossings += (out[i - 1] < 0) != (out[i] < 0);
-    }
-    EXPECT_NEAR(crossings / 2.0 / 0.25, 440.0, 5.0);
-}
-
 TEST(Grains, PoissonCloudsHaveTheirRateAndFollowTheirDensity) {
     Rng rng(7);
     const std::size_t n = samples(10.0);
@@ -238,17 +196,6 @@ TEST(Grains, RingSchedulesKeepEveryGapInRangeRoundTheWrap) {
     }
 }
 
-TEST(Space, RoomTailDiesByItsDecayTime) {
-    Room room(1.0, 40.0, 8000.0);
-    Buffer out(samples(2.0), 0.0f);
-    process(out, Edge::Linear,
-            [&room](float, std::size_t i) { return room(i == 0 ? 1.0f : 0.0f); });
-    const double early = rmsOf(std::span(out).subspan(samples(0.1), samples(0.1)));
-    const double late = rmsOf(std::span(out).subspan(samples(1.1), samples(0.1)));
-    EXPECT_GT(early, 0.0);
-    EXPECT_NEAR(gainToDb(late / early), -60.0, 8.0);
-}
-
 TEST(Filters, SweepFollowsItsMovingFrequency) {
     // A low-pass swept from 200 Hz up to 8 kHz lets a 4 kHz tone through only at the end.
     Buffer x = tone(4000.0, 1.0);
@@ -274,14 +221,6 @@ TEST(Finishing, LimiterTreatsARingAsARing) {
     EXPECT_LE(peakOf(ring), 0.8 + 1e-6);
     EXPECT_LT(std::fabs(ring[10]), std::fabs(line[10]));
     EXPECT_FLOAT_EQ(line[10], tone(441.0, 1.0, 0.3)[10]);
-}
-
-TEST(Finishing, LimiterTakesPeaksDownAndLeavesTheRestAlone) {
-    Buffer b = tone(300, 1.0, 0.2);
-    b[samples(0.5)] = 1.5f;
-    limitPeaks(b, 0.8, Edge::Linear, samples(0.004));
-    EXPECT_LE(peakOf(b), 0.8 + 1e-6);
-    EXPECT_NEAR(rmsOf(std::span(b).subspan(0, samples(0.4))), 0.2 / std::sqrt(2.0), 1e-3);
 }
 
 TEST(Finishing, LoopsAreLevelledAndStartWhereTheWrapIsSteady) {
@@ -350,7 +289,7 @@ class SoundFiles : public testing::Test {
     std::filesystem::path dir_;
 };
 
-TEST_F(SoundFiles, WriteFlacUnderAnyNameAndWavUnderDotWavAndReadBackExactly) {
+TEST_F(SoundFiles, WriteFlacUnderAnyNameAndWavUnderDotWavAndReadBackExactlyAndAlike) {
     const auto pcm = toPcm16(tone(441.0, 0.5, 0.3));
     for (const char* name : {"bin/7.isz", "bin/7.raz", "bin/1.BWZ", "alarms/a.wav"}) {
         const auto file = dir_ / name;
@@ -361,19 +300,15 @@ TEST_F(SoundFiles, WriteFlacUnderAnyNameAndWavUnderDotWavAndReadBackExactly) {
         EXPECT_TRUE(gates::format(*back, wantsWav(file)))
             << name << ": " << gates::format(*back, wantsWav(file)).why;
     }
-}
-
-TEST_F(SoundFiles, TheSameSamplesGiveTheSameBytes) {
-    const auto pcm = toPcm16(tone(300.0, 0.3, 0.2));
-    ASSERT_EQ(writeSound(dir_ / "a.isz", pcm), "");
-    ASSERT_EQ(writeSound(dir_ / "b.isz", pcm), "");
+    // The same samples give the same bytes, so a rebuilt library is byte for byte the same.
+    ASSERT_EQ(writeSound(dir_ / "again.isz", pcm), "");
     auto bytes = [](const std::filesystem::path& p) {
         std::string data(std::filesystem::file_size(p), '\0');
-        std::ifstream in(p, std::ios::binary);
-        in.read(data.data(), static_cast<std::streamsize>(data.size()));
+        std::ifstream(p, std::ios::binary)
+            .read(data.data(), static_cast<std::streamsize>(data.size()));
         return data;
     };
-    EXPECT_EQ(bytes(dir_ / "a.isz"), bytes(dir_ / "b.isz"));
+    EXPECT_EQ(bytes(dir_ / "again.isz"), bytes(dir_ / "bin/7.isz"));
 }
 
 TEST_F(SoundFiles, MissingOrBrokenFilesReadAsNothing) {

@@ -1,5 +1,5 @@
-// The creature voice toolkit: syllables, voiced calls through formants, wing buzz, strikes
-// through bodies, rhythms, distance, placing and space.
+// The creature voice toolkit: syllables, voiced calls through formants, wing buzz, and
+// distance.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -60,45 +60,6 @@ TEST(Syllable, PartialsStandInTheirRatiosAndNothingIsMadeAboveTheTop) {
     EXPECT_LT(bandShareDb(hb, 19900, 20300), -60.0);
 }
 
-TEST(Syllable, TremoloPulsesTheLevelAtItsRate) {
-    Rng r(3);
-    Syllable s;
-    s.seconds = 1.0;
-    s.hz = {{0.0, 3000.0}};
-    s.tremoloHz = 10.0;
-    s.tremoloDepth = 1.0;
-    s.level = {{0.0, 1.0}};
-    const Buffer b = syllable(r, s);
-    // Crests every 100 ms from the start, troughs half way between.
-    for (double crest : {0.2, 0.7}) {
-        const double top = probe::rmsBetween(b, crest - 0.005, crest + 0.005);
-        const double low = probe::rmsBetween(b, crest + 0.045, crest + 0.055);
-        EXPECT_GT(gainToDb(top / low), 20.0) << "at " << crest << " s";
-    }
-}
-
-TEST(Syllable, BreathStaysAroundThePitchInsteadOfHazingTheBand) {
-    Rng r(4);
-    Syllable s;
-    s.seconds = 1.0;
-    s.hz = {{0.0, 1000.0}};
-    s.breath = 1.0;
-    s.breathQ = 4.0;
-    const Buffer b = syllable(r, s);
-    EXPECT_GT(bandShareDb(b, 700, 1400), -1.5);
-    EXPECT_LT(bandShareDb(b, 5000, 20000), -40.0);
-}
-
-TEST(Syllable, IsFixedByItsStreamAndNewForEveryDraw) {
-    Syllable s;
-    s.seconds = 0.2;
-    s.hz = {{0.0, 3000.0}};
-    s.breath = 0.2;
-    Rng a(5), b(5);
-    EXPECT_EQ(syllable(a, s), syllable(b, s));
-    EXPECT_NE(syllable(a, s), syllable(a, s));
-}
-
 TEST(Voice, PulsesAtItsPitchThroughItsFormant) {
     Rng r(6);
     Voice v;
@@ -117,50 +78,6 @@ TEST(Voice, PulsesAtItsPitchThroughItsFormant) {
     const double at = bandShareDb(b, 1050, 1350);
     EXPECT_GT(at - bandShareDb(b, 450, 750), 10.0);
     EXPECT_GT(at - bandShareDb(b, 2250, 2550), 10.0);
-}
-
-TEST(Voice, FormantsMoveAlongTheirCurves) {
-    Rng r(7);
-    Voice v;
-    v.seconds = 1.0;
-    v.f0 = {{0.0, 120.0}};
-    v.breath = 0.3;
-    v.level = {{0.0, 1.0}};
-    v.formants = {{glide(1.0, 500.0, 2500.0), 8.0, 0.0}};
-    const Buffer b = voice(r, v);
-    EXPECT_NEAR(peakHz(stretch(b, 0.0, 0.15), 200, 4000), 600, 200);
-    EXPECT_NEAR(peakHz(stretch(b, 0.85, 1.0), 200, 4000), 2400, 250);
-}
-
-TEST(Voice, WithoutVoicingIsBreathWithoutPitch) {
-    Voice v;
-    v.seconds = 0.6;
-    v.f0 = {{0.0, 200.0}};
-    v.formants = {{{{0.0, 900.0}}, 3.0, 0.0}};
-    Rng a(8), b(8);
-    const Buffer voiced = voice(a, v);
-    v.voicing = {{0.0, 0.0}};
-    const Buffer whisper = voice(b, v);
-    EXPECT_GT(probe::pitch(stretch(voiced, 0.1, 0.5), 150, 260).strength, 0.7);
-    EXPECT_LT(probe::pitch(stretch(whisper, 0.1, 0.5), 150, 260).strength, 0.4);
-}
-
-TEST(Voice, RoughnessBringsInTheSubharmonic) {
-    Voice v;
-    v.seconds = 1.0;
-    v.f0 = {{0.0, 300.0}};
-    v.jitter = 0.0;
-    v.shimmer = 0.0;
-    v.breath = 0.0;
-    Rng a(9), b(9);
-    const Buffer clean = voice(a, v);
-    v.roughness = 1.0;
-    const Buffer rough = voice(b, v);
-    // Every other period is longer and weaker: a line appears under the pitch.
-    const double f = probe::pitch(stretch(clean, 0.2, 0.8), 200, 400).hz;
-    const double lineClean = bandShareDb(clean, f * 0.4, f * 0.5);
-    const double lineRough = bandShareDb(rough, f * 0.4, f * 0.5);
-    EXPECT_GT(lineRough - lineClean, 20.0);
 }
 
 TEST(Buzz, SoundsItsWingbeatWithHarmonicsAndFoldsNothingBack) {
@@ -184,38 +101,6 @@ TEST(Buzz, SoundsItsWingbeatWithHarmonicsAndFoldsNothingBack) {
     EXPECT_LT(between, -50.0);
 }
 
-TEST(Strikes, RingTheBodyAtItsModeAndWrapRoundARing) {
-    const std::size_t n = samples(0.5);
-    const Strike s[] = {{0.1, 1.0, 0.0002}, {0.4999, 1.0, 0.001}};
-    Buffer line = strikes(n, s, Edge::Linear);
-    Buffer loop = strikes(n, s, Edge::Circular);
-    // The second push runs past the end: dropped from a line, carried round a ring.
-    EXPECT_EQ(peakOf(std::span<const float>(line).first(samples(0.005))), 0.0);
-    EXPECT_GT(peakOf(std::span<const float>(loop).first(samples(0.005))), 0.1);
-    const Mode m[] = {{1500.0, 0.1, 1.0}};
-    ring(line, m, Edge::Linear);
-    EXPECT_NEAR(peakHz(line, 200, 10000), 1500, 15);
-    EXPECT_EQ(peakOf(std::span<const float>(line).first(samples(0.09))), 0.0);
-}
-
-TEST(Rhythm, LaysGroupsOfPulsesWithGapsInsideTheirJitter) {
-    Rng r(11);
-    const auto t = rhythm(r, 0.5, 5.0, 3, 0.1, 1.0, 0.1);
-    ASSERT_GE(t.size(), 12u);
-    EXPECT_NEAR(t.front(), 0.5, 1e-9);
-    for (std::size_t i = 1; i < t.size(); ++i) {
-        const double gap = t[i] - t[i - 1];
-        EXPECT_LT(t[i], 5.0);
-        if (i % 3 == 0) {  // from the last pulse of a group to the next group
-            EXPECT_GT(gap, 0.9 - 0.22 - 1e-9);
-            EXPECT_LT(gap, 1.1 - 0.18 + 1e-9);
-        } else {
-            EXPECT_GE(gap, 0.09 - 1e-9);
-            EXPECT_LE(gap, 0.11 + 1e-9);
-        }
-    }
-}
-
 TEST(Distance, FarIsThirtyDecibelsDownAndDarker) {
     Rng r(12);
     const Buffer noise = whiteNoise(r, samples(1.0));
@@ -229,27 +114,6 @@ TEST(Distance, FarIsThirtyDecibelsDownAndDarker) {
     Buffer path = noise;
     distance(path, {{0.0, 0.0}, {0.5, 1.0}, {1.0, 0.0}}, Edge::Linear);
     EXPECT_GT(probe::rmsBetween(path, 0.45, 0.55), 10.0 * probe::rmsBetween(path, 0.0, 0.1));
-}
-
-TEST(Place, GrowsTheTakeAndAddsAtItsTime) {
-    Buffer out;
-    const Buffer one(samples(0.1), 1.0f);
-    place(out, 0.5, one, 0.5);
-    ASSERT_EQ(out.size(), samples(0.6));
-    EXPECT_EQ(out[samples(0.5) - 1], 0.0f);
-    EXPECT_EQ(out[samples(0.5)], 0.5f);
-    place(out, 0.55, one, 0.5);
-    EXPECT_EQ(out.size(), samples(0.65));
-    EXPECT_EQ(out[samples(0.58)], 1.0f);
-}
-
-TEST(InSpace, LeavesATailRingingAfterTheSound) {
-    Buffer click = bump(0.0005);
-    click.resize(samples(0.01), 0.0f);
-    const Buffer wet = inSpace(click, 1.0, 50.0, 5000.0, 0.5);
-    ASSERT_EQ(wet.size(), samples(1.01));
-    EXPECT_GT(probe::rmsBetween(wet, 0.1, 0.3), 0.0);
-    EXPECT_GT(probe::rmsBetween(wet, 0.1, 0.3), 10.0 * probe::rmsBetween(wet, 0.8, 1.0));
 }
 
 }  // namespace
