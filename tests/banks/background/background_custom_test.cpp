@@ -128,11 +128,10 @@ TEST_F(CustomBankTest, LoadingFreesAllLoadsEveryPathThenStartsTwice) {
         expected.push_back("load . -> s" + std::to_string(s));  // no file: the program's folder
     }
     // Slot 1 on (its loaded copy given back first), all off, on again.
-    for (const char* line :
-         {"free s1", "load soundbanks/background sounds/A.wav -> s18", "play s18 -> c1", "stop c1",
-          "free s18", "load soundbanks/background sounds/A.wav -> s19", "play s19 -> c2"}) {
-        expected.push_back(line);
-    }
+    expected.insert(
+        expected.end(),
+        {"free s1", "load soundbanks/background sounds/A.wav -> s18", "play s18 -> c1", "stop c1",
+         "free s18", "load soundbanks/background sounds/A.wav -> s19", "play s19 -> c2"});
     EXPECT_EQ(sampleCalls, expected);
 
     // Repeated loads do not pile samples up: no slot ever holds two.

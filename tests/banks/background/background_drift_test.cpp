@@ -66,7 +66,7 @@ TEST_F(BackgroundDriftTest, ADefaultSlotWalksDownAStepASecondToZeroThenWandersIn
     EXPECT_GE(targets.size(), 5u);
 }
 
-TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTarget) {
+TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndEqualLimitsWalkToTheirLevelAndHoldIt) {
     BackgroundSoundSlot& sl = app->frmback.slot(8);
     setLimits(sl, 200, 200);
     sl.on.setValue(1);
@@ -83,6 +83,19 @@ TEST_F(BackgroundDriftTest, RateZeroHoldsTheLevelAndARateResumesTowardsTheSameTa
     sl.rate.setValue(990);  // (1000 - 990) x 5 = 50 ms a step
     h.loop.advance(1000);
     EXPECT_EQ(sl.volume.value(), 30);
+    h.loop.advance(9000);
+    EXPECT_EQ(sl.volume.value(), 200);
+    // Holding sets nothing on the engine.
+    const auto before = h.engine.callsOf(Op::SetVolume).size();
+    h.loop.advance(60'000);
+    EXPECT_EQ(sl.volume.value(), 200);
+    EXPECT_EQ(sl.driftTarget, 200);
+    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), before);
+    // The hand moves it; the next ticks walk it back.
+    sl.volume.setValue(205);
+    h.loop.advance(250);
+    EXPECT_EQ(sl.volume.value(), 200);
+
     sl.rate.setValue(1);  // the slowest
     EXPECT_EQ(sl.timer.interval(), 4995);
 }
@@ -117,25 +130,6 @@ TEST_F(BackgroundDriftTest, ALimitChangeDrawsATargetAtOnceAndTurnsTheWalk) {
         h.loop.advance(1000);
         ASSERT_LE(sl.volume.value(), 20);
     }
-}
-
-TEST_F(BackgroundDriftTest, EqualLimitsWalkToThatLevelAndHoldIt) {
-    BackgroundSoundSlot& sl = app->frmbackcustom.slot(2);
-    sl.volume.setValue(180);
-    setLimits(sl, 175, 175);
-    sl.on.setValue(1);
-    h.loop.advance(5000);
-    EXPECT_EQ(sl.volume.value(), 175);
-    const auto before = h.engine.callsOf(Op::SetVolume).size();
-    h.loop.advance(60'000);
-    EXPECT_EQ(sl.volume.value(), 175);
-    EXPECT_EQ(sl.driftTarget, 175);
-    // Holding sets nothing on the engine.
-    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), before);
-    // The hand moves it; the next ticks walk it back.
-    sl.volume.setValue(170);
-    h.loop.advance(5000);
-    EXPECT_EQ(sl.volume.value(), 175);
 }
 
 TEST_F(BackgroundDriftTest, BothLimitsComeUpAtAboutHalfTheChanceOfAnInnerValue) {

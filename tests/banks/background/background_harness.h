@@ -67,24 +67,6 @@ class CallNames {
     std::map<std::int64_t, std::string> channels_;
 };
 
-// The engine calls since the last clear as short lines; calls on channel 0 (slots
-// that never played) are left out when `skipChannelZero`.
-inline std::vector<std::string> callLines(const RecordingEngine& engine,
-                                          const std::filesystem::path& root,
-                                          bool skipChannelZero = true) {
-    CallNames names(root);
-    std::vector<std::string> out;
-    for (const auto& c : engine.calls()) {
-        const bool onChannel = c.op == Op::SetVolume || c.op == Op::SetPan ||
-                               c.op == Op::SetLoopMode || c.op == Op::Stop;
-        if (skipChannelZero && onChannel && c.a == 0) {
-            continue;
-        }
-        out.push_back(names.line(c));
-    }
-    return out;
-}
-
 // What a slot shows, as text; `handles` adds the drift target and the engine handles,
 // which a reload draws and hands out afresh.
 inline std::string describe(const BackgroundSoundSlot& sl, bool handles = true) {
@@ -147,8 +129,19 @@ class BackgroundBankFixture {
         h.dialogs.clear();
     }
 
+    // The engine calls since the last clear as short lines; calls on channel 0 (slots
+    // that never played) are left out when `skipChannelZero`.
     std::vector<std::string> lines(bool skipChannelZero = true) const {
-        return callLines(h.engine, h.tree.root(), skipChannelZero);
+        CallNames names(h.tree.root());
+        std::vector<std::string> out;
+        for (const auto& c : h.engine.calls()) {
+            const bool onChannel = c.op == Op::SetVolume || c.op == Op::SetPan ||
+                                   c.op == Op::SetLoopMode || c.op == Op::Stop;
+            if (!skipChannelZero || !onChannel || c.a != 0) {
+                out.push_back(names.line(c));
+            }
+        }
+        return out;
     }
 
     AppHarness<RecordingEngine> h;
