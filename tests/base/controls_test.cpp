@@ -78,7 +78,7 @@ TEST(Controls, HandlersRunNestedAndSynchronouslyAndDoNotRecurseOnTheSameValue) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(Controls, CheckBoxClickRunsWhenCodeChangesItAndNormalisesToOne) {
+TEST(Controls, CheckBoxAndOptionButtonsClickWhenCodeChangesThemAndAGroupClearsQuietly) {
     CheckBox box;
     int clicks = 0;
     box.onClick = [&] { ++clicks; };
@@ -89,9 +89,7 @@ TEST(Controls, CheckBoxClickRunsWhenCodeChangesItAndNormalisesToOne) {
     EXPECT_EQ(clicks, 1);
     box.setChecked(false);
     EXPECT_EQ(clicks, 2);
-}
-
-TEST(Controls, SettingAnOptionButtonClearsTheRestOfItsGroupQuietly) {
+    // Setting an option button clears the rest of its group quietly.
     OptionGroup group;
     OptionButton a, b, c;
     group.add(a);

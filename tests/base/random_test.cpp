@@ -7,7 +7,7 @@
 namespace brevane {
 namespace {
 
-TEST(Random, TheSameSeedGivesTheSameSequence) {
+TEST(Random, TheSameSeedGivesTheSameSequenceAndRollCoversEveryValueEvenly) {
     Random a(42), b(42), c(43);
     bool differs = false;
     for (int i = 0; i < 100; ++i) {
@@ -16,9 +16,7 @@ TEST(Random, TheSameSeedGivesTheSameSequence) {
         differs = differs || x != c.next();
     }
     EXPECT_TRUE(differs);
-}
-
-TEST(Random, RollCoversEveryValueEvenlyAndNeverItsBound) {
+    // Roll covers every value evenly and never its bound.
     Random r(7);
     std::array<int, 6> counts{};
     const int draws = 60'000;
@@ -28,8 +26,8 @@ TEST(Random, RollCoversEveryValueEvenlyAndNeverItsBound) {
         ASSERT_LT(v, 6);
         ++counts[static_cast<std::size_t>(v)];
     }
-    for (int c : counts) {
-        EXPECT_NEAR(c, draws / 6, 400);  // about 4.5 standard deviations
+    for (int count : counts) {
+        EXPECT_NEAR(count, draws / 6, 400);  // about 4.5 standard deviations
     }
     EXPECT_EQ(r.roll(0), 0);
     EXPECT_EQ(r.roll(1), 0);

@@ -114,7 +114,7 @@ TEST_F(OfflineMix, PanIsEqualPowerWithTheFarSideSilentAtEitherEnd) {
 
 TEST_F(OfflineMix, LoopWrapsSampleAccuratelyWithNoGap) {
     // 44 whole periods: a seamless loop, so the output must be one unbroken sine.
-    const SampleHandle tone = load("tone.wav", sine(441.0, 44100, 4400));
+    test::writeMono(tree.root(), "tone.wav", sine(441.0, 44100, 4400), 44100);
     for (const int rate : {44100, 66150, 29400}) {
         MixerEngine fresh(MixerEngine::Output::Offline);
         const SampleHandle t = fresh.loadSample(tree.root() / "tone.wav");
@@ -135,7 +135,6 @@ TEST_F(OfflineMix, LoopWrapsSampleAccuratelyWithNoGap) {
         // or repeated at a wrap would put the rest a whole step out of phase.
         EXPECT_LT(worst, rate == 44100 ? 1e-6 : 2e-4) << "rate " << rate;
     }
-    EXPECT_NE(tone, 0u);
 }
 
 TEST_F(OfflineMix, ChannelsAtCloseRatesKeepTheirExactDifference) {
@@ -219,15 +218,10 @@ TEST_F(OfflineMix, AFullMixGivesUpTheEarliestOneShotThenTheEarliestLoop) {
     engine.render(512);
     const ChannelHandle third = engine.play(dc);
     const ChannelHandle fourth = engine.play(dc);
-    EXPECT_TRUE(engine.isPlaying(third));
-    EXPECT_TRUE(engine.isPlaying(fourth));
-    EXPECT_FALSE(engine.isPlaying(shots[0]));
-    EXPECT_FALSE(engine.isPlaying(shots[1]));
-    for (std::size_t i = 2; i < shots.size(); ++i) {
-        EXPECT_TRUE(engine.isPlaying(shots[i])) << i;
-    }
-    for (const ChannelHandle l : loops) {
-        EXPECT_TRUE(engine.isPlaying(l));
+    EXPECT_TRUE(engine.isPlaying(third) && engine.isPlaying(fourth));
+    for (std::size_t i = 0; i < shots.size(); ++i) {
+        EXPECT_EQ(engine.isPlaying(shots[i]), i >= 2) << i;
+        EXPECT_TRUE(engine.isPlaying(loops[i])) << i;
     }
 
     // Only loops left: the loop that started first gives way.
@@ -243,9 +237,8 @@ TEST_F(OfflineMix, AFullMixGivesUpTheEarliestOneShotThenTheEarliestLoop) {
     engine.render(512);
     const ChannelHandle taker = engine.play(dc);
     EXPECT_TRUE(engine.isPlaying(taker));
-    EXPECT_FALSE(engine.isPlaying(loops[0]));
-    for (std::size_t i = 1; i < loops.size(); ++i) {
-        EXPECT_TRUE(engine.isPlaying(loops[i])) << i;
+    for (std::size_t i = 0; i < loops.size(); ++i) {
+        EXPECT_EQ(engine.isPlaying(loops[i]), i >= 1) << i;
     }
     // The taken sound fades out rather than stopping dead.
     const std::vector<float> out = engine.render(1024);

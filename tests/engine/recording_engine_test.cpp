@@ -76,7 +76,8 @@ TEST(RecordingEngine, AFailingPathAndStaleHandlesChangeNothingAndHandlesAreNever
     EXPECT_EQ(engine.play(2), 3u);
 }
 
-TEST(RecordingEngine, StartCanBeMadeToFailAndDriversScripted) {
+TEST(RecordingEngine,
+     StartCanBeMadeToFailDriversScriptedAndEffectIdsCountFromZeroAfterEachDisable) {
     RecordingEngine engine;
     engine.setDrivers({"Speakers", "Headset"});
     engine.setStartResult(false);
@@ -87,23 +88,21 @@ TEST(RecordingEngine, StartCanBeMadeToFailAndDriversScripted) {
     EXPECT_FALSE(engine.started());
     EXPECT_EQ(engine.dump(true),
               "driverCount() -> 2\ndriverName(1)\ndriverName(2)\nstart(1) -> 0\n");
-}
-
-TEST(RecordingEngine, EffectIdsCountFromZeroAfterEachDisable) {
-    RecordingEngine engine;
-    EXPECT_EQ(engine.enableEffect(EffectKind::Equalizer), 0);
-    EXPECT_EQ(engine.enableEffect(EffectKind::Reverb), 1);
-    engine.setEqualizerBand(0, {80.0f, 18.0f, -15.0f});
-    engine.setReverb(1, ReverbParams{});
-    engine.disableEffects();
-    EXPECT_TRUE(engine.effects().empty());
-    EXPECT_EQ(engine.enableEffect(EffectKind::Echo), 0);
-    const auto lines = engine.lines();
+    // Effect ids count from zero after each disable.
+    RecordingEngine effects;
+    EXPECT_EQ(effects.enableEffect(EffectKind::Equalizer), 0);
+    EXPECT_EQ(effects.enableEffect(EffectKind::Reverb), 1);
+    effects.setEqualizerBand(0, {80.0f, 18.0f, -15.0f});
+    effects.setReverb(1, ReverbParams{});
+    effects.disableEffects();
+    EXPECT_TRUE(effects.effects().empty());
+    EXPECT_EQ(effects.enableEffect(EffectKind::Echo), 0);
+    const auto lines = effects.lines();
     ASSERT_EQ(lines.size(), 6u);
     EXPECT_EQ(lines[0], "enableEffect(Equalizer) -> 0");
     EXPECT_EQ(lines[2], "setEqualizerBand(0, 80 Hz, 18 st, -15 dB)");
     EXPECT_EQ(lines[4], "disableEffects()");
-    const auto reverb = engine.callsOf(Op::SetReverb);
+    const auto reverb = effects.callsOf(Op::SetReverb);
     ASSERT_EQ(reverb.size(), 1u);
     EXPECT_FLOAT_EQ(std::get<ReverbParams>(reverb[0].params).decayTime, 1.49f);
 }

@@ -163,23 +163,6 @@ TEST(Curves, EnvelopeAndDecayPassThroughTheirPoints) {
     EXPECT_NEAR(gainToDb(d[samples(1.0)]), -60.0, 0.1);
 }
 
-TEST(Grains, PoissonCloudsHaveTheirRateAndFollowTheirDensity) {
-    Rng rng(7);
-    const std::size_t n = samples(10.0);
-    const auto times = poissonTimes(rng, n, 500.0);
-    EXPECT_NEAR(static_cast<double>(times.size()), 5000.0, 5 * std::sqrt(5000.0));
-    EXPECT_TRUE(std::is_sorted(times.begin(), times.end()));
-    Buffer half(n, 0.0f);
-    std::fill(half.begin(), half.begin() + static_cast<std::ptrdiff_t>(n / 2), 1.0f);
-    const auto thinned = poissonTimes(rng, n, 500.0, &half);
-    EXPECT_NEAR(static_cast<double>(thinned.size()), 2500.0, 5 * std::sqrt(2500.0));
-    EXPECT_TRUE(
-        std::all_of(thinned.begin(), thinned.end(), [&](std::size_t t) { return t < n / 2; }));
-    const Buffer b = bubble(1000.0, 10.0, 0.05);
-    EXPECT_NEAR(peakOf(b), 1.0, 0.05);
-    EXPECT_LT(peakOf(std::span(b).subspan(b.size() - 50)), 0.002);
-}
-
 TEST(Grains, RingSchedulesKeepEveryGapInRangeRoundTheWrap) {
     for (std::uint64_t seed = 1; seed <= 20; ++seed) {
         Rng rng(seed);
