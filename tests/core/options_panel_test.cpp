@@ -7,7 +7,6 @@
 
 #include <algorithm>
 
-#include "base/temp_tree.h"
 #include "core/application.h"
 #include "core/autostart.h"
 #include "core/hotkeys.h"
@@ -23,13 +22,7 @@ using test::SessionRun;
 using Op = RecordingEngine::Op;
 using L = std::vector<std::string>;
 
-class Options : public ::testing::Test {
-  protected:
-    void SetUp() override { fs::create_directories(tree.root() / "bin"); }
-    fs::path at(const std::string& name) const { return tree.root() / name; }
-
-    TempTree tree;
-};
+using Options = test::SessionTree;
 
 TEST_F(Options, TheFileIsAppliedAtLoadAndWrittenAtUnloadWithBuiltInValuesWithoutIt) {
     {
@@ -40,7 +33,7 @@ TEST_F(Options, TheFileIsAppliedAtLoadAndWrittenAtUnloadWithBuiltInValuesWithout
         EXPECT_EQ(o.inactivityTime.listIndex(), 1);
         EXPECT_EQ(o.optionsRecord(), "1,1,1,1,0,\"60\",0,0,0\r\n");
     }
-    putFile(at("opti.tmp"), "0,1,0,0,1,\"240\",1,1,1\r\n");
+    put("opti.tmp", "0,1,0,0,1,\"240\",1,1,1\r\n");
     SessionRun run(tree.root());
     Application& app = run.startAndLoad();
     OptionsPanel& o = app.FRMOPTIONS;
@@ -60,13 +53,13 @@ TEST_F(Options, TheFileIsAppliedAtLoadAndWrittenAtUnloadWithBuiltInValuesWithout
 TEST_F(Options, AShortOrOddFileAppliesWhatItHolds) {
     // Truth values in either form; a typed time that is not in the list stands; what
     // the file lacks keeps its built-in value.
-    putFile(at("opti.tmp"), "#FALSE#,0,#TRUE#,1,#TRUE#,\"45\"");
+    put("opti.tmp", "#FALSE#,0,#TRUE#,1,#TRUE#,\"45\"");
     SessionRun run(tree.root());
     EXPECT_EQ(run.startAndLoad().FRMOPTIONS.optionsRecord(), "0,0,1,1,1,\"45\",0,0,0\r\n");
     EXPECT_EQ(run.app->InactivitySeconds, 45);
 
     // The second field is no truth value: the first stands, nothing after it.
-    putFile(at("opti.tmp"), "0,\"on\",0,0,1,\"90\",1,1,1\r\n");
+    put("opti.tmp", "0,\"on\",0,0,1,\"90\",1,1,1\r\n");
     SessionRun bad(tree.root());
     EXPECT_EQ(bad.startAndLoad().FRMOPTIONS.optionsRecord(), "0,1,1,1,0,\"60\",0,0,0\r\n");
 }

@@ -4,16 +4,20 @@
 // run, quits it, and makes the next on the same tree, as a user's sessions follow
 // each other.
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "base/dialogs.h"
 #include "base/event_loop.h"
 #include "base/file_io.h"
 #include "base/random.h"
 #include "base/settings_store.h"
+#include "base/temp_tree.h"
 #include "core/application.h"
 #include "engine/recording_engine.h"
 
@@ -53,5 +57,27 @@ inline void putFile(const std::filesystem::path& file, const std::string& conten
     std::filesystem::create_directories(file.parent_path());
     writeFileAtomically(file, content);
 }
+
+// The tree the runs of a test share, with its files by name.
+class SessionTree : public ::testing::Test {
+  protected:
+    void SetUp() override { std::filesystem::create_directories(tree.root() / "bin"); }
+    std::filesystem::path at(const std::string& name) const { return tree.root() / name; }
+    void put(const std::string& name, const std::string& content) { putFile(at(name), content); }
+
+    // The names of the files at the top of the tree, sorted.
+    std::vector<std::string> files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(tree.root())) {
+            if (entry.is_regular_file()) {
+                names.push_back(entry.path().filename().string());
+            }
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    TempTree tree;
+};
 
 }  // namespace brevane::test
