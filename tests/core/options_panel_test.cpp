@@ -105,8 +105,6 @@ TEST_F(Options, PagesShowOneAtATimeAndTheHotkeysPageListsKeysThatAct) {
         return pages;
     };
     EXPECT_EQ(shown(), L{"Startup Options"});
-    o.soundcardSelectButton.click();
-    EXPECT_EQ(shown(), L{"Soundcard Select"});
     o.programOptionsButton.click();
     EXPECT_EQ(shown(), L{"Program Options"});
     o.hotkeysButton.click();
@@ -125,8 +123,6 @@ TEST_F(Options, PagesShowOneAtATimeAndTheHotkeysPageListsKeysThatAct) {
         ASSERT_NE(key, keys.end()) << combination;
         key->run(app);
     };
-    press("Ctrl+2");
-    EXPECT_TRUE(app.frmback2.window.visible());
     const int master = app.frmmain.Master.value();
     press("Ctrl+Up");
     EXPECT_EQ(app.frmmain.Master.value(), master + 1);
@@ -147,10 +143,8 @@ TEST_F(Options, LaunchAtBootMakesAndRemovesTheAutostartEntry) {
         launch.setChecked(true);
         EXPECT_TRUE(entry.enabled());
         const std::string text = fileText(home.root() / "autostart" / "brevane.desktop");
-        for (const char* line :
-             {"[Desktop Entry]\n", "Type=Application\n", "Exec=\"/opt/brevane/brevane\"\n"}) {
-            EXPECT_NE(text.find(line), std::string::npos) << line;
-        }
+        EXPECT_EQ(text.rfind("[Desktop Entry]\nType=Application\n", 0), 0u);
+        EXPECT_NE(text.find("\nExec=\"/opt/brevane/brevane\"\n"), std::string::npos);
         EXPECT_EQ(fileText(at("settings.ini")), "#TRUE#\r\n");
     }
     // The next start shows the setting and leaves the entry as it is.

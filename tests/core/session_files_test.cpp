@@ -67,8 +67,6 @@ TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
     // A number that is not one, at field 3: fields 1 and 2 came through, nothing after.
     const SessionRead<MainbRecord> bad = readMainbFile("40,3,\"loud\",3100,7\r\n");
     EXPECT_EQ(bad.fields, 2);
-    EXPECT_TRUE(bad.has(2));
-    EXPECT_FALSE(bad.has(3));
     EXPECT_EQ(bad.record.groups, (std::array<int, 5>{40, 3, 0, 0, 0}));
 
     // Cut off inside a text: the quote never closes.
@@ -76,7 +74,6 @@ TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
     const std::size_t cut = text.find("\"Beach\"") + 3;
     const SessionRead<MainbRecord> cutOff = readMainbFile(text.substr(0, cut));
     EXPECT_EQ(cutOff.fields, 33);
-    EXPECT_EQ(cutOff.record.remoteCaption, "Scenario: Rain");
     EXPECT_EQ(cutOff.record.slideshowLabel, "");
 
     // The end of the file after field 5: the rest keeps the record's own values.
@@ -86,8 +83,7 @@ TEST(SessionFiles, ADamagedFileReadsUpToItsFirstBadField) {
 
     // Binary rubbish is text to the reader, never a crash.
     const std::string rubbish("\x01\xff,\"\x00\x02", 6);
-    const SessionRead<MainRecord> main = readMainFile(rubbish);
-    EXPECT_EQ(main.fields, 1);
+    EXPECT_EQ(readMainFile(rubbish).fields, 1);
     EXPECT_FALSE(readMainFile("").has(1));
 }
 
