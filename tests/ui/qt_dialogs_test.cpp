@@ -135,7 +135,7 @@ TEST_F(QtFileDialogsTest, OpenFileStartsWhereAskedWithTheFilterAndGivesTheChoice
     EXPECT_FALSE(dialogs_.openFile({"Load", folder(), "Zip Files|*.zip", ""}).has_value());
 }
 
-TEST_F(QtFileDialogsTest, SaveFileOffersThePresetNameAndAcceptsANewFile) {
+TEST_F(QtFileDialogsTest, SaveFileOffersThePresetNameAndTheFolderChooserGivesAFolder) {
     QStringList offered;
     QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen;
     answerNextDialog<QFileDialog>([&](QFileDialog& d) {
@@ -149,9 +149,8 @@ TEST_F(QtFileDialogsTest, SaveFileOffersThePresetNameAndAcceptsANewFile) {
     EXPECT_EQ(offered.front(), dir_.filePath(QStringLiteral("0")));
     ASSERT_TRUE(chosen.has_value());
     EXPECT_EQ(*chosen, folder() / "0");
-}
 
-TEST_F(QtFileDialogsTest, FolderChooserShowsOnlyFoldersAndGivesTheFolder) {
+    // The folder chooser shows only folders and gives the folder.
     ASSERT_TRUE(QDir(dir_.path()).mkdir(QStringLiteral("slideshow")));
     bool foldersOnly = false;
     answerNextDialog<QFileDialog>([&](QFileDialog& d) {
@@ -160,10 +159,10 @@ TEST_F(QtFileDialogsTest, FolderChooserShowsOnlyFoldersAndGivesTheFolder) {
         d.selectFile(dir_.filePath(QStringLiteral("slideshow")));
         static_cast<QDialog&>(d).accept();
     });
-    const auto chosen = dialogs_.chooseFolder("Select Folder", folder());
+    const auto folderChosen = dialogs_.chooseFolder("Select Folder", folder());
     EXPECT_TRUE(foldersOnly);
-    ASSERT_TRUE(chosen.has_value());
-    EXPECT_EQ(*chosen, folder() / "slideshow");
+    ASSERT_TRUE(folderChosen.has_value());
+    EXPECT_EQ(*folderChosen, folder() / "slideshow");
 }
 
 }  // namespace

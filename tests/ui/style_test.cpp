@@ -5,15 +5,13 @@
 namespace brevane {
 namespace {
 
-TEST(StyleColours, StoredColoursReadBlueGreenRedFromTheTopDown) {
+TEST(StyleColours, StoredColoursReadBlueGreenRedFromTheTopDownAndGoThereAndBack) {
     EXPECT_EQ(style::toQColor(0x000000FFu), QColor(255, 0, 0));
     EXPECT_EQ(style::toQColor(0x0000FF00u), QColor(0, 255, 0));
     EXPECT_EQ(style::toQColor(0x00FF0000u), QColor(0, 0, 255));
     // The default highlight of the colour schemes, 16744576, is a light blue.
     EXPECT_EQ(style::toQColor(16744576u), QColor(0x80, 0x80, 0xFF));
-}
-
-TEST(StyleColours, TopByteIsIgnoredAndColoursRoundTrip) {
+    // The top byte is ignored, and colours go there and back.
     EXPECT_EQ(style::toQColor(0xFF123456u), style::toQColor(0x00123456u));
     for (const Colour c : {0x00000000u, 0x00FFFFFFu, 0x00123456u, 0x00804020u, 4194304u}) {
         EXPECT_EQ(style::fromQColor(style::toQColor(c)), c);
