@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(FileIo, WholeFileWriteReplacesTheOldContentAndLeavesNoTemporaryFile) {
+TEST(FileIo, WholeFileWriteReplacesTheOldContentLeavesNoTemporaryFileAndAFailedOneKeepsIt) {
     TempTree tree;
     const fs::path file = tree.root() / "main.tmp";
     ASSERT_TRUE(writeFileAtomically(file, "old\r\n"));
@@ -22,19 +22,14 @@ TEST(FileIo, WholeFileWriteReplacesTheOldContentAndLeavesNoTemporaryFile) {
         ++entries;
     }
     EXPECT_EQ(entries, 1);
-}
 
-TEST(FileIo, AFailedWriteKeepsTheOldFile) {
-    TempTree tree;
-    const fs::path file = tree.root() / "keep.tmp";
-    ASSERT_TRUE(writeFileAtomically(file, "precious"));
-    // A folder in the way of the rename makes the write fail.
+    // A failed write (a folder in the way of the rename) keeps what was there.
     const fs::path blocked = tree.root() / "folder";
     fs::create_directory(blocked);
     std::ofstream(blocked / "inside") << "x";
     EXPECT_FALSE(writeFileAtomically(blocked, "data"));
     EXPECT_FALSE(writeFileAtomically(tree.root() / "missing" / "x.tmp", "data"));
-    EXPECT_EQ(readWholeFile(file).value_or(""), "precious");
+    EXPECT_EQ(readWholeFile(file).value_or(""), "new,content\r\n");
     EXPECT_TRUE(fs::is_directory(blocked));
 }
 

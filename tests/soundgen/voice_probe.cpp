@@ -111,10 +111,15 @@ std::vector<double> onsets(std::span<const float> x, double merge, double rangeD
     return out;
 }
 
-double rmsBetween(std::span<const float> x, double from, double to) {
+std::span<const float> stretch(std::span<const float> x, double from, double to) {
     const std::size_t a = std::min(x.size(), samples(from));
     const std::size_t b = std::min(x.size(), samples(to));
-    return b > a ? rmsOf(x.subspan(a, b - a)) : 0.0;
+    return x.subspan(a, b > a ? b - a : 0);
+}
+
+double rmsBetween(std::span<const float> x, double from, double to) {
+    const auto s = stretch(x, from, to);
+    return s.empty() ? 0.0 : rmsOf(s);
 }
 
 }  // namespace brevane::soundgen::probe

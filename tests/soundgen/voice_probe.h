@@ -24,6 +24,8 @@ Pitch pitch(std::span<const float> x, double minHz, double maxHz);
 // the 30 ms before it and stands within `rangeDb` of the loudest moment, no closer than
 // `merge` seconds to the previous start.
 std::vector<double> onsets(std::span<const float> x, double merge, double rangeDb = 40.0);
+// The stretch from `from` to `to` seconds, cut short at the end of the sound.
+std::span<const float> stretch(std::span<const float> x, double from, double to);
 // RMS of a stretch in seconds.
 double rmsBetween(std::span<const float> x, double from, double to);
 

@@ -15,12 +15,7 @@ namespace {
 
 using probe::bandShareDb;
 using probe::peakHz;
-
-std::span<const float> stretch(const Buffer& b, double from, double to) {
-    const std::size_t a = std::min(b.size(), samples(from));
-    const std::size_t e = std::min(b.size(), samples(to));
-    return std::span<const float>(b).subspan(a, e - a);
-}
+using probe::stretch;
 
 TEST(Syllable, PartialsStandInTheirRatiosAndNothingIsMadeAboveTheTop) {
     Rng r(2);
