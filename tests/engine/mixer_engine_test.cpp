@@ -166,7 +166,7 @@ TEST_F(OfflineMix, FrequencyStartsAtTheSampleRateAndFollowsTheCalls) {
     const struct {
         int hz;
         double expected;
-    } cases[] = {{44100, 882.0}, {1000, 20.0}, {200000, 4000.0}, {50'000'000, 14112.0}};
+    } cases[] = {{44100, 882.0}, {1000, 20.0}, {50'000'000, 14112.0}};
     for (const auto& c : cases) {
         engine.setFrequency(ch, c.hz);
         engine.render(512);  // the change lands at the next sub-block

@@ -7,6 +7,8 @@
 #include <fstream>
 #include <numbers>
 
+#include <unistd.h>
+
 #include "analysis.h"
 #include "finish.h"
 #include "grains.h"
@@ -261,15 +263,11 @@ TEST(Finishing, SixteenBitFormRoundsAndStaysShortOfFullScale) {
 
 class SoundFiles : public testing::Test {
   protected:
-    void SetUp() override {
-        dir_ =
-            std::filesystem::temp_directory_path() /
-            ("soundgen_test_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-             "_" + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::remove_all(dir_);
-    }
     void TearDown() override { std::filesystem::remove_all(dir_); }
-    std::filesystem::path dir_;
+    const std::filesystem::path dir_ =
+        std::filesystem::temp_directory_path() /
+        ("soundgen_test_" + std::to_string(::getpid()) + "_" +
+         ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(SoundFiles, WriteFlacUnderAnyNameAndWavUnderDotWavAndReadBackExactlyAndAlike) {
