@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "base/temp_tree.h"
 #include "core/application.h"
 #include "core/autostart.h"
 #include "core/hotkeys.h"
