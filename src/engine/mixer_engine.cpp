@@ -72,6 +72,8 @@ void MixerEngine::close() {
     }
     samples_.clear();
     freedSamples_.clear();
+    sampleFiles_.clear();
+    recentDecodes_.clear();
     effects_.clear();
     chains_.clear();
 }
@@ -101,21 +103,54 @@ void MixerEngine::send(const MixCommand& command) {
 }
 
 void MixerEngine::collectReleased() {
-    std::erase_if(freedSamples_,
-                  [](const auto& s) { return s->released.load(std::memory_order_acquire); });
+    const auto now = DecodeCache::Clock::now();
+    recentDecodes_.expire(now);
+    for (auto it = freedSamples_.begin(); it != freedSamples_.end();) {
+        SampleRecord& record = **it;
+        if (!record.released.load(std::memory_order_acquire)) {
+            ++it;
+            continue;
+        }
+        if (auto file = sampleFiles_.extract(&record); !file.empty()) {
+            recentDecodes_.keep(std::move(file.mapped()),
+                                DecodedSample{std::move(record.frames), record.rate}, now);
+        }
+        it = freedSamples_.erase(it);
+    }
     std::erase_if(chains_,
                   [](const auto& c) { return c->released.load(std::memory_order_acquire); });
 }
 
+std::optional<DecodedSample> MixerEngine::decodeAtHand(const FileIdentity& file) {
+    // The mixer only ever reads a sample's frames, so copying them while it plays or
+    // before it has let go of a freed one is safe.
+    for (const auto& [record, identity] : sampleFiles_) {
+        if (identity == file) {
+            return DecodedSample{record->frames, record->rate};
+        }
+    }
+    return recentDecodes_.take(file, DecodeCache::Clock::now());
+}
+
 SampleHandle MixerEngine::loadSample(const std::filesystem::path& file) {
     collectReleased();
-    std::optional<DecodedSample> decoded = decodeSampleFile(file);
+    std::optional<FileIdentity> identity = FileIdentity::of(file);
+    std::optional<DecodedSample> decoded;
+    if (identity) {
+        decoded = decodeAtHand(*identity);
+    }
+    if (!decoded) {
+        decoded = decodeSampleFile(file);
+    }
     if (!decoded) {
         return 0;
     }
     auto record = std::make_unique<SampleRecord>();
     record->frames = std::move(decoded->frames);
     record->rate = decoded->rate;
+    if (identity) {
+        sampleFiles_.emplace(record.get(), std::move(*identity));
+    }
     if (nextSample_ == 0) {
         nextSample_ = 1;  // after four billion loads
     }

@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "engine/decode_cache.h"
 #include "engine/device_backend.h"
 #include "engine/device_output.h"
 #include "engine/mixer.h"
@@ -94,6 +95,9 @@ class MixerEngine final : public SoundEngine {
     void sendToChannel(ChannelHandle handle, MixCommand::Op op, int value);
     bool mixingElsewhere() const;
     void collectReleased();
+    // A decode of this very file that is already at hand: a loaded or just-freed sample
+    // of it, or one kept a moment ago.
+    std::optional<DecodedSample> decodeAtHand(const FileIdentity& file);
     std::unique_ptr<ChainBox> buildChain(const std::vector<Effect>& effects) const;
     void sendParams(
         MixCommand::Op op, int id, EffectKind kind,
@@ -111,6 +115,10 @@ class MixerEngine final : public SoundEngine {
     std::unordered_map<SampleHandle, std::unique_ptr<SampleRecord>> samples_;
     SampleHandle nextSample_ = 1;
     std::vector<std::unique_ptr<SampleRecord>> freedSamples_;
+    // The file behind each sample above, loaded or awaiting release.
+    std::unordered_map<const SampleRecord*, FileIdentity> sampleFiles_;
+    // Room for a whole bank of half-minute loops between a bank's stop and its restart.
+    DecodeCache recentDecodes_{std::size_t{128} << 20, std::chrono::seconds(5)};
 
     std::vector<Effect> effects_;
     std::vector<std::unique_ptr<ChainBox>> chains_;  // sent to the mixer, until it releases them
