@@ -19,8 +19,18 @@ MixGroupRange mixGroupRange(MixGroup group) {
 }
 
 GroupSlider::GroupSlider(MixGroup group)
-    : Slider(mixGroupRange(group).low, mixGroupRange(group).high, mixGroupRange(group).initial) {
+    : Slider(mixGroupRange(group).low, mixGroupRange(group).high, mixGroupRange(group).initial),
+      group_(group) {
     setLargeChange(mixGroupRange(group).high >= 1000 ? 250 : 10);
+}
+
+Slider* groupCopyAmong(MixGroup group, std::initializer_list<GroupSlider*> strip) {
+    for (GroupSlider* copy : strip) {
+        if (copy->group() == group) {
+            return copy;
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace brevane

@@ -7,6 +7,7 @@
 // trip because a setter that stores an equal value runs nothing.
 
 #include <array>
+#include <initializer_list>
 
 #include "base/controls.h"
 
@@ -38,7 +39,14 @@ MixGroupRange mixGroupRange(MixGroup group);
 class GroupSlider : public Slider {
   public:
     explicit GroupSlider(MixGroup group);
+    MixGroup group() const { return group_; }
+
+  private:
+    MixGroup group_;
 };
+
+// The one of a panel's strip of copies that follows `group`, or nullptr.
+Slider* groupCopyAmong(MixGroup group, std::initializer_list<GroupSlider*> strip);
 
 // A panel holding copies of the console's group sliders. The console writes each
 // change into every follower's copy, in its fixed order, and after a Master change

@@ -387,21 +387,7 @@ void BackgroundBank::masterChanged() {
 }
 
 Slider* BackgroundBank::groupCopy(MixGroup group) {
-    switch (group) {
-        case MixGroup::Master:
-            return &Master;
-        case MixGroup::Background:
-            return &maxvol;
-        case MixGroup::Random:
-            return &Random;
-        case MixGroup::MP3:
-            return &MP3;
-        case MixGroup::CD:
-            return &CD;
-        case MixGroup::Bwaves:
-            return &Bwaves;
-    }
-    return nullptr;
+    return groupCopyAmong(group, {&Master, &maxvol, &Random, &MP3, &CD, &Bwaves});
 }
 
 // ---- bulk buttons ----

@@ -643,21 +643,7 @@ void RandomBank::resetAll() {
 }
 
 Slider* RandomBank::groupCopy(MixGroup group) {
-    switch (group) {
-        case MixGroup::Master:
-            return &Master;
-        case MixGroup::Background:
-            return &Background;
-        case MixGroup::Random:
-            return &maxvol;
-        case MixGroup::MP3:
-            return &MP3;
-        case MixGroup::CD:
-            return &CD;
-        case MixGroup::Bwaves:
-            return &Bwaves;
-    }
-    return nullptr;
+    return groupCopyAmong(group, {&Master, &maxvol, &Background, &MP3, &CD, &Bwaves});
 }
 
 }  // namespace brevane
