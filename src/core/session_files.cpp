@@ -1,6 +1,7 @@
 #include "core/session_files.h"
 
 #include <charconv>
+#include <type_traits>
 
 #include "base/comma_record.h"
 
@@ -58,124 +59,127 @@ SessionRead<int> readSoundCardFile(std::string_view content) {
     return read;
 }
 
+namespace {
+
+// Each file's fields are listed once, in file order, and walked by the writer or by the
+// taker: the record is const when writing.
+template <class Io, class Record>
+void statesFields(Io& io, Record& r) {
+    io.truth(r.RemoteShown);
+    io.truth(r.MainShown);
+    io.truth(r.PanoramicShown);
+    io.truth(r.SlideshowShown);
+    io.truth(r.VisualFlag5);
+}
+
+template <class Io, class Record>
+void mainFields(Io& io, Record& r) {
+    io.text(r.alarmState);
+    io.text(r.scenarioName);
+    io.number(r.form3Randomise);
+    io.number(r.form33Randomise);
+    io.text(r.slideshowLabel);
+    io.text(r.panoramicLabel);
+    io.text(r.colourSchemeName);
+    io.number(r.soundCardIndex);
+}
+
+template <class Io, class Record>
+void mainbFields(Io& io, Record& r) {
+    for (auto& g : r.groups) {
+        io.number(g);
+    }
+    for (int p = 0; p < 12; ++p) {
+        io.text(r.presetCaptions[static_cast<std::size_t>(p)]);
+    }
+    for (auto& c : r.colours) {
+        io.text(c);
+    }
+    for (auto& f : r.hiddenConsoleFields) {
+        io.text(f);
+    }
+    io.text(r.remoteFolder);
+    io.text(r.remoteCaption);
+    io.text(r.slideshowLabel);
+    io.truth(r.customRandomAuto);
+    io.truth(r.randomAuto);
+    // Field 37: preset 12's caption goes out here and again in field 38; what comes back
+    // here is kept apart, and preset 12 is taken from field 38.
+    if constexpr (std::is_const_v<Record>) {
+        io.text(r.presetCaptions[12]);
+    } else {
+        io.text(r.field37);
+    }
+    io.text(r.presetCaptions[12]);
+    io.text(r.presetCaptions[13]);
+    io.text(r.scenarioName);
+    io.text(r.presetListName);
+    io.text(r.remoteCaptionAgain);
+    io.text(r.schedulerCaption);
+    io.text(r.remoteTexts[0]);
+    io.text(r.remoteTexts[1]);
+    io.truth(r.remoteOptions[0]);
+    io.truth(r.remoteOptions[1]);
+    io.number(r.remoteScrolls[0]);
+    io.number(r.remoteScrolls[1]);
+    io.text(r.brainwaveList);
+}
+
+// The writer's side of a field list: a whole record in one line.
+class FieldGiver {
+  public:
+    void text(const std::string& value) { writer_.text(value); }
+    void number(int value) { writer_.number(value); }
+    void truth(bool value) { writer_.truth(value); }
+    std::string record() { return writer_.endRecord().str(); }
+
+  private:
+    RecordWriter writer_;
+};
+
+template <class Record, class Fields>
+std::string writeRecord(const Record& r, Fields fields) {
+    FieldGiver give;
+    fields(give, r);
+    return give.record();
+}
+
+template <class Record, class Fields>
+SessionRead<Record> readRecord(std::string_view content, int maxFields, Fields fields) {
+    SessionRead<Record> read;
+    FieldTaker take(content, maxFields);
+    fields(take, read.record);
+    read.fields = take.fields();
+    return read;
+}
+
+}  // namespace
+
 std::string writeStatesFile(const StatesRecord& r) {
-    return RecordWriter()
-        .truth(r.RemoteShown)
-        .truth(r.MainShown)
-        .truth(r.PanoramicShown)
-        .truth(r.SlideshowShown)
-        .truth(r.VisualFlag5)
-        .endRecord()
-        .str();
+    return writeRecord(r, [](auto& io, auto& rec) { statesFields(io, rec); });
 }
 
 SessionRead<StatesRecord> readStatesFile(std::string_view content) {
-    SessionRead<StatesRecord> read;
-    StatesRecord& r = read.record;
-    FieldTaker take(content, StatesRecord::kFields);
-    take.truth(r.RemoteShown);
-    take.truth(r.MainShown);
-    take.truth(r.PanoramicShown);
-    take.truth(r.SlideshowShown);
-    take.truth(r.VisualFlag5);
-    read.fields = take.fields();
-    return read;
+    return readRecord<StatesRecord>(content, StatesRecord::kFields,
+                                    [](auto& io, auto& rec) { statesFields(io, rec); });
 }
 
 std::string writeMainFile(const MainRecord& r) {
-    return RecordWriter()
-        .text(r.alarmState)
-        .text(r.scenarioName)
-        .number(r.form3Randomise)
-        .number(r.form33Randomise)
-        .text(r.slideshowLabel)
-        .text(r.panoramicLabel)
-        .text(r.colourSchemeName)
-        .number(r.soundCardIndex)
-        .endRecord()
-        .str();
+    return writeRecord(r, [](auto& io, auto& rec) { mainFields(io, rec); });
 }
 
 SessionRead<MainRecord> readMainFile(std::string_view content, int maxFields) {
-    SessionRead<MainRecord> read;
-    MainRecord& r = read.record;
-    FieldTaker take(content, maxFields);
-    take.text(r.alarmState);
-    take.text(r.scenarioName);
-    take.number(r.form3Randomise);
-    take.number(r.form33Randomise);
-    take.text(r.slideshowLabel);
-    take.text(r.panoramicLabel);
-    take.text(r.colourSchemeName);
-    take.number(r.soundCardIndex);
-    read.fields = take.fields();
-    return read;
+    return readRecord<MainRecord>(content, maxFields,
+                                  [](auto& io, auto& rec) { mainFields(io, rec); });
 }
 
 std::string writeMainbFile(const MainbRecord& r) {
-    RecordWriter w;
-    for (int g : r.groups) {
-        w.number(g);
-    }
-    for (int p = 0; p < 12; ++p) {
-        w.text(r.presetCaptions[static_cast<std::size_t>(p)]);
-    }
-    for (const std::string& c : r.colours) {
-        w.text(c);
-    }
-    for (const std::string& f : r.hiddenConsoleFields) {
-        w.text(f);
-    }
-    w.text(r.remoteFolder).text(r.remoteCaption).text(r.slideshowLabel);
-    w.truth(r.customRandomAuto).truth(r.randomAuto);
-    // Preset 12's caption goes out twice; the reader takes the first copy elsewhere.
-    w.text(r.presetCaptions[12]).text(r.presetCaptions[12]).text(r.presetCaptions[13]);
-    w.text(r.scenarioName).text(r.presetListName).text(r.remoteCaptionAgain);
-    w.text(r.schedulerCaption);
-    w.text(r.remoteTexts[0]).text(r.remoteTexts[1]);
-    w.truth(r.remoteOptions[0]).truth(r.remoteOptions[1]);
-    w.number(r.remoteScrolls[0]).number(r.remoteScrolls[1]);
-    w.text(r.brainwaveList);
-    return w.endRecord().str();
+    return writeRecord(r, [](auto& io, auto& rec) { mainbFields(io, rec); });
 }
 
 SessionRead<MainbRecord> readMainbFile(std::string_view content) {
-    SessionRead<MainbRecord> read;
-    MainbRecord& r = read.record;
-    FieldTaker take(content, MainbRecord::kFields);
-    for (int& g : r.groups) {
-        take.number(g);
-    }
-    for (int p = 0; p < 12; ++p) {
-        take.text(r.presetCaptions[static_cast<std::size_t>(p)]);
-    }
-    for (std::string& c : r.colours) {
-        take.text(c);
-    }
-    for (std::string& f : r.hiddenConsoleFields) {
-        take.text(f);
-    }
-    take.text(r.remoteFolder);
-    take.text(r.remoteCaption);
-    take.text(r.slideshowLabel);
-    take.truth(r.customRandomAuto);
-    take.truth(r.randomAuto);
-    take.text(r.field37);
-    take.text(r.presetCaptions[12]);
-    take.text(r.presetCaptions[13]);
-    take.text(r.scenarioName);
-    take.text(r.presetListName);
-    take.text(r.remoteCaptionAgain);
-    take.text(r.schedulerCaption);
-    take.text(r.remoteTexts[0]);
-    take.text(r.remoteTexts[1]);
-    take.truth(r.remoteOptions[0]);
-    take.truth(r.remoteOptions[1]);
-    take.number(r.remoteScrolls[0]);
-    take.number(r.remoteScrolls[1]);
-    take.text(r.brainwaveList);
-    read.fields = take.fields();
-    return read;
+    return readRecord<MainbRecord>(content, MainbRecord::kFields,
+                                   [](auto& io, auto& rec) { mainbFields(io, rec); });
 }
 
 std::optional<int> wholeNumberText(std::string_view text) {
