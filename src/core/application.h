@@ -60,8 +60,10 @@ class Application {
     int CurrentRandomBank = 1;
     // The output device the engine opens, from scard.tmp.
     int SoundCardIndex = 0;
-    // The ceiling of the intro fade of Master, from the session.
-    int SavedMasterLevel = 0;
+    // The ceiling of the intro fade of Master, from the session. Without a saved level
+    // (a first run, or a session started afresh) the fade rises to a level at which the
+    // soundscape is plainly heard.
+    int SavedMasterLevel = Frmmain::kBuiltInMasterLevel;
     // Which panel was shown last, as the console reads it; the custom background bank
     // sets 3.
     int PanelMarker = 0;

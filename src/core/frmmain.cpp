@@ -16,6 +16,8 @@ Frmmain::Frmmain(Application& app)
       Timer10(app.loop, kMinimizeMs),
       Timer2(app.loop, kClockMs),
       Timercustomlcdupdate(app.loop, kCustomLcdUpdateMs),
+      Timerflash(app.loop, kFlashMs),
+      timerpresetstatus(app.loop, kPresetStatusMs),
       app_(app) {
     window.setCaption("Brevane");
     for (MixGroup g : kMixGroups) {
@@ -50,6 +52,8 @@ Frmmain::Frmmain(Application& app)
     wireSession();
     wireConsole();
     wireStatus();
+    wireScenarios();
+    wirePresets();
 }
 
 GroupSlider& Frmmain::group(MixGroup which) {
@@ -96,7 +100,7 @@ void Frmmain::load() {
     // 9. AppPath ends in a separator (AppPath::text() always does).
     // 10. The scenario list fills from config/scenarios, and with it the tray
     //     menu's scenario entries.
-    fillScenarioList();
+    refreshscenariolist();
     // 11. main.tmp: alarm state, previous scenario, the randomise panels' sliders.
     readMainAtLoad();
 
@@ -120,10 +124,8 @@ void Frmmain::load() {
     //     value becomes SavedMasterLevel), presets, colours, remote, bank states and
     //     their randomise timers.
     readMainbAtLoad();
-    // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour.
-    for (std::size_t p = 0; p < presetButtons.size(); ++p) {
-        presetButtons[p].setCaption(carry.PresetCaption[p]);
-    }
+    // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour
+    //     once colour schemes are in the program.
     // 14. The scenario preset list, the previous scenario on the status display,
     //     loadslidergrads.
     // 15. folderselect, the remote's "Scenario: " caption, the colour scheme through
@@ -162,10 +164,15 @@ void Frmmain::load() {
     if (app_.FRMOPTIONS.startHidden.checked()) {
         Timer10.setEnabled(true);
     }
-    // 25. First run (no main.tmp): Timer4, and doload with an empty name.
+    // 25. First run (no main.tmp): Timer4, and doload with an empty name, which finds
+    //     the first-run soundscape the program ships. The stock preset list puts the
+    //     stock scenarios on the fourteen buttons.
     std::error_code ec;
     if (!std::filesystem::exists(app_.appPath / kMainFile, ec)) {
         Timer4.setEnabled(true);
+        readPresetListFile(app_.appPath / kPresetFolder /
+                           (std::string(kStockPresetList) + kPresetListExtension));
+        doload("");
     }
     sessionLoaded_ = true;
 }

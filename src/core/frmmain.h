@@ -5,6 +5,7 @@
 // Not thread-safe: a panel lives on the event thread.
 
 #include <array>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "core/menu.h"
 #include "core/mix_group.h"
 #include "core/session_files.h"
+#include "scenarios/scenario_files.h"
 
 namespace brevane {
 
@@ -23,6 +25,8 @@ class Application;
 class Frmmain {
   public:
     static constexpr int kIntroFadeMs = 60;
+    // The intro fade's ceiling when no session gives one.
+    static constexpr int kBuiltInMasterLevel = 60;
     static constexpr const char* kEngineFailedText =
         "There was a problem initializing the sound engine. Please restart the application. "
         "If the problem persists, please contact support.";
@@ -183,14 +187,96 @@ class Frmmain {
     MenuEntry& mnuScenario() { return *mnuScenario_; }
     // Rebuilds the "Scenario" entries from the scenario list.
     void buildScenarioMenu();
-    // Loads a scenario by name; set by the scenario files once they are in the
-    // program. While unset the tray's scenario entries stand disabled.
-    std::function<void(const std::string& name)> scenarioLoader;
 
     // "Rec": starts the recorder beside the program, or says it is missing.
     void startRecorder();
     // "Help": opens the manual with the desktop's handler.
     void openManual();
+
+    // ---- Scenarios (frmmain_scenarios.cpp) ----
+    static constexpr const char* kWaitingText = "Waiting....";
+    static constexpr const char* kNoPreviousScenario = "N/A";
+    static constexpr const char* kRemoteScenarioPrefix = "Scenario: ";
+    static constexpr const char* kDefaultSlideshow = "Default";
+    static constexpr const char* kScenarioNamePrompt =
+        "Please type a name to identify this scenario";
+    static constexpr const char* kOverwriteScenarioText =
+        "A preset already exists with this name. Overwrite?";
+    static constexpr const char* kNotSavedText = "Not saved";
+    static constexpr const char* kSelectToDeleteText =
+        "Please select the scenario you wish to delete from the list to the left.";
+    static constexpr const char* kDeleteScenarioText = "This will delete the scenario -";
+    static constexpr const char* kDeleteScenarioQuestion = " .Do you wish to continue?";
+    static constexpr const char* kScenarioFilter = "Brevane 6.0 Scenario Files (*.scn)| *.scn";
+    static constexpr const char* kLoadFromDiskTitle = "Load Scenario From Disk";
+    // The scenario folder, config/scenarios.
+    std::filesystem::path scenarioFolder() const;
+    // The road of one scenario load. A name with no members changes nothing but the
+    // names on the status display. `folder` is config/scenarios unless given.
+    void doload(const std::string& name, const std::filesystem::path& folder = {});
+    // The information text and the main settings of a scenario.
+    void loadmainsettings(const std::string& name, const std::filesystem::path& folder = {});
+    // Writes the whole family under `name`, without asking; the name becomes current.
+    // False when a member could not be written.
+    bool dosave(const std::string& name);
+    // "Save As": asks for the name, and before writing over another scenario.
+    void saveScenarioAs();
+    // "Save": over the current scenario.
+    void saveScenario();
+    // "Delete": the scenario selected in the list, after asking.
+    void deleteScenario();
+    // "Load": the scenario selected in the list.
+    void loadSelectedScenario();
+    // The tray's "Load Random Scenario" and "Load Scenario From Disk".
+    void loadRandomScenario();
+    void loadScenarioFromDisk();
+    // Rebuilds the scenario list, and the tray's entries with it, from the markers.
+    void refreshscenariolist();
+
+    // ---- Presets (frmmain_presets.cpp) ----
+    static constexpr int kFlashMs = 600;
+    static constexpr int kPresetStatusMs = 3000;
+    static constexpr Colour kFlashWhite = 16777215;
+    static constexpr Colour kFlashRed = 255;
+    static constexpr const char* kUnassigned = "Currently Unassigned";
+    static constexpr const char* kFlashing = "flashing";
+    static constexpr const char* kNotFlashing = "notflashing";
+    static constexpr const char* kAssignTitle =
+        "Select the scenario file to be assigned to the preset";
+    static constexpr const char* kPresetFilter = "Brevane Preset Files (*.pst)| *.pst";
+    static constexpr const char* kClearPresetsText = "This will clear all presets. Continue?";
+    static constexpr const char* kPresetListUnreadableText = "The preset file could not be opened.";
+    static constexpr const char* kPresetListNotSavedText = "The preset list could not be saved.";
+    // The list the program starts with on a first run, in config/presets.
+    static constexpr const char* kStockPresetList = "Stock Scenarios";
+    // The loaded preset list's name: "None" once cleared, empty before any.
+    std::string PresetListName;
+    // "flashing" while an assignment waits for its button, else "notflashing".
+    std::string PresetFlashState = kNotFlashing;
+    // The scenario file an assignment under way has chosen, and its folder.
+    std::string PendingScenarioFile;
+    std::string PendingScenarioFolder;
+    // Alternates the fourteen captions between white and red while an assignment waits.
+    Timer Timerflash;
+    // Clears the preset line of the display a while after a preset command showed it.
+    Timer timerpresetstatus;
+    // A preset button's caption: the scenario it loads, or "Currently Unassigned".
+    const std::string& presetCaption(int index) const;
+    PresetCaptions presetCaptions() const;
+    void setPresetCaptions(const PresetCaptions& captions);
+    // A press of preset button `index`, 0 to 13: assigns while an assignment waits,
+    // else loads its scenario.
+    void cmdpreset_Click(int index);
+    // The pointer over preset button `index`: its scenario on the preset line.
+    void presetHover(int index);
+    // "Assign", "Clear", and the presets' "Save As" and "Load".
+    void assignPreset();
+    void clearPresets();
+    void savePresetList();
+    void loadPresetList();
+    // Reads a preset list onto the fourteen buttons; false, changing nothing, when the
+    // file is missing, short or damaged.
+    bool readPresetListFile(const std::filesystem::path& file);
 
     GroupSlider& group(MixGroup which);
 
@@ -231,7 +317,6 @@ class Frmmain {
     void wireConsole();
     void wireStatus();
     void buildTrayMenu();
-    void fillScenarioList();
     void clockTick();
     void watchCustomBanks();
     void unmute();
@@ -241,6 +326,15 @@ class Frmmain {
     int mutedMasterLevel_ = 0;
     MenuEntry* mnuMute_ = nullptr;
     MenuEntry* mnuScenario_ = nullptr;
+
+    // Scenarios and presets (frmmain_scenarios.cpp, frmmain_presets.cpp).
+    void wireScenarios();
+    void wirePresets();
+    void setScenarioControlsEnabled(bool enabled);
+    ScenarioMainRecord scenarioMainRecord() const;
+    void showPresetStatus(const std::string& text);
+    void flashTick();
+    bool flashRed_ = false;
 
     void groupChanged(MixGroup which);
     void introFadeTick();

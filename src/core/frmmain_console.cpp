@@ -35,19 +35,8 @@ void Frmmain::wireConsole() {
     placeholder(colorsButton, "Colors");
     placeholder(importButton, "Import");
     placeholder(exportButton, "Export");
-    placeholder(loadButton, "Load");
-    placeholder(saveButton, "Save");
-    placeholder(saveAsButton, "Save As");
-    placeholder(deleteButton, "Delete");
-    placeholder(presetAssignButton, "Assign");
-    placeholder(presetClearButton, "Clear");
-    placeholder(presetSaveAsButton, "Save As");
-    placeholder(presetLoadButton, "Load");
     placeholder(switchToControllerButton, "Switch to controller");
     alarmSettingsButton.setToolTip("Alarm settings");
-    for (std::size_t p = 0; p < presetButtons.size(); ++p) {
-        placeholder(presetButtons[p], SessionCarry::kUnassigned);
-    }
 
     optionsButton.setCaption("Options");
     optionsButton.onClick = [this] { app_.FRMOPTIONS.window.show(); };
@@ -113,34 +102,7 @@ void Frmmain::setMasterFloor(int low) {
     }
 }
 
-// ---- scenarios and the tray menu ----
-
-void Frmmain::fillScenarioList() {
-    // Every "*.scn" of config/scenarios by its name without the extension, sorted by
-    // name as a folder view lists them.
-    std::vector<std::string> names;
-    std::error_code ec;
-    for (fs::directory_iterator it(app_.appPath / "config/scenarios", ec), end; !ec && it != end;
-         it.increment(ec)) {
-        const fs::path& file = it->path();
-        std::error_code typeError;
-        if (!it->is_regular_file(typeError)) {
-            continue;
-        }
-        std::string extension = file.extension().string();
-        std::transform(extension.begin(), extension.end(), extension.begin(),
-                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-        if (extension == ".scn") {
-            names.push_back(withoutLastFour(file.filename().string()));
-        }
-    }
-    std::sort(names.begin(), names.end());
-    scenarioList.clear();
-    for (std::string& name : names) {
-        scenarioList.addItem(std::move(name));
-    }
-    buildScenarioMenu();
-}
+// ---- the tray menu ----
 
 void Frmmain::buildTrayMenu() {
     mnutray.setCaption("mnutray");
@@ -158,26 +120,6 @@ void Frmmain::buildTrayMenu() {
     MenuEntry& quit = mnutray.addEntry("Quit App");
     quit.onClick = [this] { QuitCommand.click(); };
     buildScenarioMenu();
-}
-
-void Frmmain::buildScenarioMenu() {
-    MenuEntry& menu = mnuScenario();
-    menu.clearEntries();
-    for (const std::string& name : scenarioList.items()) {
-        MenuEntry& entry = menu.addEntry(name);
-        entry.setEnabled(static_cast<bool>(scenarioLoader));
-        entry.onClick = [this, name] {
-            if (scenarioLoader) {
-                scenarioLoader(name);
-            }
-        };
-    }
-    if (scenarioList.count() > 0) {
-        menu.addSeparator();
-    }
-    // Both come with the scenario commands.
-    menu.addEntry("Load Random Scenario").setEnabled(false);
-    menu.addEntry("Load Scenario From Disk").setEnabled(false);
 }
 
 // ---- companions ----

@@ -118,8 +118,8 @@ void Frmmain::readMainbAtLoad() {
     }
     for (int p = 0; p < 12; ++p) {
         if (read.has(6 + p)) {
-            carry.PresetCaption[static_cast<std::size_t>(p)] =
-                r.presetCaptions[static_cast<std::size_t>(p)];
+            presetButtons[static_cast<std::size_t>(p)].setCaption(
+                r.presetCaptions[static_cast<std::size_t>(p)]);
         }
     }
     for (int c = 0; c < kSchemeColours; ++c) {
@@ -182,14 +182,14 @@ void Frmmain::readMainbAtLoad() {
     }
     for (int p = 12; p < 14; ++p) {
         if (read.has(26 + p)) {
-            carry.PresetCaption[static_cast<std::size_t>(p)] =
-                r.presetCaptions[static_cast<std::size_t>(p)];
+            presetButtons[static_cast<std::size_t>(p)].setCaption(
+                r.presetCaptions[static_cast<std::size_t>(p)]);
         }
     }
     // Field 40, the scenario's name, was read from main.tmp already; 42, the remote's
     // caption again, is the same as 33.
     if (read.has(41)) {
-        carry.PresetListName = r.presetListName;
+        PresetListName = r.presetListName;
     }
     if (read.has(43)) {
         carry.schedulerCaption = r.schedulerCaption;
@@ -328,7 +328,7 @@ MainRecord Frmmain::mainRecord() const {
 MainbRecord Frmmain::mainbRecord() const {
     MainbRecord r;
     r.groups = {Master.value(), Background.value(), Random.value(), MP3.value(), CD.value()};
-    r.presetCaptions = carry.PresetCaption;
+    r.presetCaptions = presetCaptions();
     r.colours = carry.colours;
     r.hiddenConsoleFields = carry.hiddenConsoleFields;
     r.remoteFolder = carry.remoteFolder;
@@ -337,7 +337,7 @@ MainbRecord Frmmain::mainbRecord() const {
     r.customRandomAuto = app_.frmcustom.autoButton.value();
     r.randomAuto = app_.frmrandommain.autoButton.value();
     r.scenarioName = app_.CurrentScenarioName;
-    r.presetListName = carry.PresetListName;
+    r.presetListName = PresetListName;
     r.remoteCaptionAgain = carry.remoteCaption;
     r.schedulerCaption = carry.schedulerCaption;
     r.remoteTexts = carry.remoteTexts;

@@ -33,7 +33,7 @@ void Frmmain::wireStatus() {
     captions(LCD8, "Bwaves", "");
 
     // What each display shows while its panel is idle, or not yet in the program.
-    LCD1.setLine(4, "N/A");
+    LCD1.setLine(4, kNoPreviousScenario);
     LCD2.setLine(4, "Disabled ");
     LCD3.setLine(3, "Disabled");
     LCD3.setLine(4, "N/A");
@@ -78,7 +78,7 @@ void Frmmain::loadlcd6() {
 void Frmmain::checklcd() {
     LCD1.setLine(3, app_.CurrentScenarioName);
     updatelcd4();
-    const std::string& list = carry.PresetListName;
+    const std::string& list = PresetListName;
     LCD5.setLine(3, list.empty() ? std::string("Unassigned") : "Presets: " + list);
     // LCD7 follows the Identify panel on its own, and a scenario load's "Waiting...."
     // stands on it until the next sound: a refresh leaves it alone.

@@ -4,59 +4,16 @@
 #include <type_traits>
 
 #include "base/comma_record.h"
+#include "base/field_list.h"
 
 namespace brevane {
-
-namespace {
-
-// Reads fields in order and counts those that came through. After the first failure
-// every later take leaves its target alone: the reader stays failed.
-class FieldTaker {
-  public:
-    FieldTaker(std::string_view content, int maxFields) : reader_(content), max_(maxFields) {}
-
-    void text(std::string& out) {
-        take(out, [this] { return reader_.readText(); });
-    }
-    void number(int& out) {
-        take(out, [this] { return static_cast<int>(reader_.readLong()); });
-    }
-    void truth(bool& out) {
-        take(out, [this] { return reader_.readTruth(); });
-    }
-
-    int fields() const { return fields_; }
-
-  private:
-    template <class T, class Read>
-    void take(T& out, Read read) {
-        if (fields_ >= max_ || !reader_.ok()) {
-            return;
-        }
-        T value = read();
-        if (reader_.ok()) {
-            out = std::move(value);
-            ++fields_;
-        }
-    }
-
-    RecordReader reader_;
-    int max_;
-    int fields_ = 0;
-};
-
-}  // namespace
 
 std::string writeSoundCardFile(int soundCardIndex) {
     return RecordWriter().number(soundCardIndex).endRecord().str();
 }
 
 SessionRead<int> readSoundCardFile(std::string_view content) {
-    SessionRead<int> read;
-    FieldTaker take(content, 1);
-    take.number(read.record);
-    read.fields = take.fields();
-    return read;
+    return readFields<int>(content, 1, [](auto& io, auto& r) { io.number(r); });
 }
 
 namespace {
@@ -125,60 +82,32 @@ void mainbFields(Io& io, Record& r) {
     io.text(r.brainwaveList);
 }
 
-// The writer's side of a field list: a whole record in one line.
-class FieldGiver {
-  public:
-    void text(const std::string& value) { writer_.text(value); }
-    void number(int value) { writer_.number(value); }
-    void truth(bool value) { writer_.truth(value); }
-    std::string record() { return writer_.endRecord().str(); }
-
-  private:
-    RecordWriter writer_;
-};
-
-template <class Record, class Fields>
-std::string writeRecord(const Record& r, Fields fields) {
-    FieldGiver give;
-    fields(give, r);
-    return give.record();
-}
-
-template <class Record, class Fields>
-SessionRead<Record> readRecord(std::string_view content, int maxFields, Fields fields) {
-    SessionRead<Record> read;
-    FieldTaker take(content, maxFields);
-    fields(take, read.record);
-    read.fields = take.fields();
-    return read;
-}
-
 }  // namespace
 
 std::string writeStatesFile(const StatesRecord& r) {
-    return writeRecord(r, [](auto& io, auto& rec) { statesFields(io, rec); });
+    return writeFields(r, [](auto& io, auto& rec) { statesFields(io, rec); });
 }
 
 SessionRead<StatesRecord> readStatesFile(std::string_view content) {
-    return readRecord<StatesRecord>(content, StatesRecord::kFields,
+    return readFields<StatesRecord>(content, StatesRecord::kFields,
                                     [](auto& io, auto& rec) { statesFields(io, rec); });
 }
 
 std::string writeMainFile(const MainRecord& r) {
-    return writeRecord(r, [](auto& io, auto& rec) { mainFields(io, rec); });
+    return writeFields(r, [](auto& io, auto& rec) { mainFields(io, rec); });
 }
 
 SessionRead<MainRecord> readMainFile(std::string_view content, int maxFields) {
-    return readRecord<MainRecord>(content, maxFields,
+    return readFields<MainRecord>(content, maxFields,
                                   [](auto& io, auto& rec) { mainFields(io, rec); });
 }
 
 std::string writeMainbFile(const MainbRecord& r) {
-    return writeRecord(r, [](auto& io, auto& rec) { mainbFields(io, rec); });
+    return writeFields(r, [](auto& io, auto& rec) { mainbFields(io, rec); });
 }
 
 SessionRead<MainbRecord> readMainbFile(std::string_view content) {
-    return readRecord<MainbRecord>(content, MainbRecord::kFields,
+    return readFields<MainbRecord>(content, MainbRecord::kFields,
                                    [](auto& io, auto& rec) { mainbFields(io, rec); });
 }
 

@@ -45,6 +45,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/field_list.h"
+
 namespace brevane {
 
 // The files, in the program's folder.
@@ -55,13 +57,7 @@ inline constexpr const char* kMainbFile = "mainb.tmp";
 
 // A record read from a session file, with how far the read went.
 template <class Record>
-struct SessionRead {
-    Record record{};
-    // Fields read in full, counted from the first.
-    int fields = 0;
-    // Whether field `number` (1-based, as the tables above count) came through.
-    bool has(int number) const { return number >= 1 && number <= fields; }
-};
+using SessionRead = FieldsRead<Record>;
 
 struct StatesRecord {
     static constexpr int kFields = 5;
@@ -128,16 +124,11 @@ struct MainbRecord {
     std::string& colour(SchemeColour which) { return colours[static_cast<std::size_t>(which)]; }
 };
 
-// Values of the session whose panels are not in the program yet (the presets, the
-// colour scheme, the remote, the visuals, the scheduler and the brainwaves). The
-// console keeps them from the files read at start to the files written at quit, so a
-// session passes through whole; each moves to its panel when the panel comes.
+// Values of the session whose panels are not in the program yet (the colour scheme, the remote, the
+// visuals, the scheduler and the brainwaves). The console keeps them from the files read at start
+// to the files written at quit, so a session passes through whole; each moves to its panel when the
+// panel comes.
 struct SessionCarry {
-    static constexpr const char* kUnassigned = "Currently Unassigned";
-    std::array<std::string, MainbRecord::kPresets> PresetCaption{
-        kUnassigned, kUnassigned, kUnassigned, kUnassigned, kUnassigned, kUnassigned, kUnassigned,
-        kUnassigned, kUnassigned, kUnassigned, kUnassigned, kUnassigned, kUnassigned, kUnassigned};
-    std::string PresetListName;
     // The built-in scheme until a session or a scheme replaces it.
     std::array<std::string, kSchemeColours> colours{"16761024", "4194304", "33023",    "16744576",
                                                     "16777215", "5592405", "16777215", "0",
@@ -148,6 +139,10 @@ struct SessionCarry {
     std::string remoteCaption;
     std::string slideshowLabel;
     std::string panoramicLabel;
+    // The scenario's main settings keep these beside the session's.
+    std::string remoteScenarioCaption;
+    std::string slideshowSecondEntry;
+    std::string scenarioFlag;
     std::string schedulerCaption;
     std::array<std::string, 2> remoteTexts{};
     std::array<bool, 2> remoteOptions{};

@@ -71,9 +71,9 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
         app.frmmain.Random.setValue(70);
         app.frmmain.MP3.setValue(3000);
         app.frmmain.CD.setValue(7);
-        app.frmmain.carry.PresetCaption[0] = "Forest Rain";
-        app.frmmain.carry.PresetCaption[12] = "Night Sea";
-        app.frmmain.carry.PresetCaption[13] = "Thunder";
+        app.frmmain.presetButtons[0].setCaption("Forest Rain");
+        app.frmmain.presetButtons[12].setCaption("Night Sea");
+        app.frmmain.presetButtons[13].setCaption("Thunder");
         app.Form3.threshold.setValue(120);
         app.Form33.threshold.setValue(80);
         app.FRMOPTIONS.soundDevices.setListIndex(2);
@@ -113,7 +113,7 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
     EXPECT_EQ(second.engine.callsOf(Op::Start).at(0).a, 2);
     EXPECT_EQ(app.FRMOPTIONS.soundDevices.listIndex(), 2);
     EXPECT_TRUE(app.frmrandommain.timerautorandom.enabled());
-    EXPECT_EQ(app.frmmain.carry.PresetCaption[12], "Night Sea");
+    EXPECT_EQ(app.frmmain.presetCaption(12), "Night Sea");
     EXPECT_EQ(app.Form33.threshold.value(), 80);
     EXPECT_EQ(app.CurrentScenarioName, "Summer Storm");
     EXPECT_FALSE(app.frmmain.Timer4.enabled());
@@ -158,7 +158,7 @@ TEST_F(SessionRoundTrip, ASessionThatChangesNothingLeavesEveryFileAsItFoundIt) {
         run.loop.advance(60'000);
         if (master > 0) {
             run.app->frmmain.Master.setValue(master);
-            run.app->frmmain.carry.PresetCaption[5] = preset;
+            run.app->frmmain.presetButtons[5].setCaption(preset);
         }
         run.app->frmmain.quitWithoutAsking();
         std::map<std::string, std::string> written;

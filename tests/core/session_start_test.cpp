@@ -23,8 +23,8 @@ TEST_F(SessionStart, FirstRunShowsTheTipsAfterTwoSecondsAndTurnsTheRestoreOn) {
     SessionRun run(tree.root());
     Application& app = run.startAndLoad();
     // No session file: every value is the built-in one.
-    EXPECT_EQ(app.SavedMasterLevel, 0);
-    EXPECT_EQ(app.frmmain.carry.PresetCaption[7], "Currently Unassigned");
+    EXPECT_EQ(app.SavedMasterLevel, Frmmain::kBuiltInMasterLevel);
+    EXPECT_EQ(app.frmmain.presetCaption(7), "Currently Unassigned");
     EXPECT_EQ(app.SchemeButtonColour, 33023u);
     EXPECT_FALSE(app.FRMOPTIONS.previousScenario.checked());
 
@@ -72,8 +72,8 @@ TEST_F(SessionStart, TheLoadAppliesMainTmpsFirstFourFieldsAndMainbWithMasterLeft
     EXPECT_EQ(app.frmrandommain3.maxvol.value(), 7);
     EXPECT_EQ(app.frmrandommain3.MP3.value(), 4000);
     EXPECT_EQ(app.frmrandommain3.CD.value(), 9);
-    EXPECT_EQ(app.frmmain.carry.PresetCaption[13], "Storm");
-    EXPECT_EQ(app.frmmain.carry.PresetListName, "Evenings");
+    EXPECT_EQ(app.frmmain.presetCaption(13), "Storm");
+    EXPECT_EQ(app.frmmain.PresetListName, "Evenings");
     EXPECT_EQ(app.frmmain.carry.brainwaveList, "Theta");
     EXPECT_EQ(app.SchemeButtonColour, 255u);
     EXPECT_EQ(app.SchemeHighlightColour, 65280u);
@@ -106,7 +106,7 @@ TEST_F(SessionStart, MainbField37IsTheSoundCardOnlyWhenItNamesADevice) {
     for (const char* notADevice : {"Currently Unassigned", "7", "-1", ""}) {
         auto run = start(notADevice);
         EXPECT_EQ(run->app->SoundCardIndex, 1) << notADevice;
-        EXPECT_EQ(run->app->frmmain.carry.PresetCaption[12], "Woods");
+        EXPECT_EQ(run->app->frmmain.presetCaption(12), "Woods");
     }
 }
 
@@ -121,7 +121,7 @@ TEST_F(SessionStart, ADamagedMainbAppliesWhatItHoldsAndLosesNoOtherFile) {
     SessionRun run(tree.root());
     Application& app = run.startAndLoad();
     EXPECT_EQ(app.SavedMasterLevel, 30);
-    EXPECT_EQ(app.frmmain.carry.PresetCaption[0], "Currently Unassigned");
+    EXPECT_EQ(app.frmmain.presetCaption(0), "Currently Unassigned");
     EXPECT_EQ(app.CurrentScenarioName, "Meadow");
     EXPECT_EQ(app.InactivitySeconds, 90);
     EXPECT_TRUE(run.dialogs.shown().empty());
