@@ -7,6 +7,7 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -331,6 +332,8 @@ class Frmmain {
     void wireScenarios();
     void wirePresets();
     void setScenarioControlsEnabled(bool enabled);
+    // A scenario marker chosen in the file dialog, starting in the scenario folder.
+    std::optional<std::filesystem::path> chooseScenarioFile(const char* title);
     ScenarioMainRecord scenarioMainRecord() const;
     void showPresetStatus(const std::string& text);
     void flashTick();

@@ -94,11 +94,7 @@ void Frmmain::cmdpreset_Click(int index) {
 }
 
 void Frmmain::assignPreset() {
-    FileDialogRequest request;
-    request.title = kAssignTitle;
-    request.startFolder = scenarioFolder();
-    request.filter = kScenarioFilter;
-    const auto file = app_.dialogs.openFile(request);
+    const auto file = chooseScenarioFile(kAssignTitle);
     if (!file) {
         return;
     }
@@ -128,11 +124,20 @@ void Frmmain::clearPresets() {
     checklcd();
 }
 
-void Frmmain::savePresetList() {
+namespace {
+
+FileDialogRequest presetListRequest(const AppPath& appPath, const char* title) {
     FileDialogRequest request;
-    request.title = "Save Preset List";
-    request.startFolder = app_.appPath / kPresetFolder;
-    request.filter = kPresetFilter;
+    request.title = title;
+    request.startFolder = appPath / kPresetFolder;
+    request.filter = Frmmain::kPresetFilter;
+    return request;
+}
+
+}  // namespace
+
+void Frmmain::savePresetList() {
+    FileDialogRequest request = presetListRequest(app_.appPath, "Save Preset List");
     request.fileName = PresetListName == "None" ? std::string() : PresetListName;
     auto file = app_.dialogs.saveFile(request);
     if (!file) {
@@ -141,6 +146,8 @@ void Frmmain::savePresetList() {
     if (file->extension() != kPresetListExtension) {
         *file += kPresetListExtension;
     }
+    std::error_code ec;
+    fs::create_directories(file->parent_path(), ec);
     if (!writeFileAtomically(*file, writePresetList(presetCaptions()))) {
         app_.dialogs.message(MessageKind::Exclamation, kPresetListNotSavedText);
         return;
@@ -150,11 +157,7 @@ void Frmmain::savePresetList() {
 }
 
 void Frmmain::loadPresetList() {
-    FileDialogRequest request;
-    request.title = "Load Preset List";
-    request.startFolder = app_.appPath / kPresetFolder;
-    request.filter = kPresetFilter;
-    const auto file = app_.dialogs.openFile(request);
+    const auto file = app_.dialogs.openFile(presetListRequest(app_.appPath, "Load Preset List"));
     if (file && !readPresetListFile(*file)) {
         app_.dialogs.message(MessageKind::Information, kPresetListUnreadableText);
     }

@@ -137,12 +137,16 @@ void Frmmain::loadRandomScenario() {
     }
 }
 
-void Frmmain::loadScenarioFromDisk() {
+std::optional<fs::path> Frmmain::chooseScenarioFile(const char* title) {
     FileDialogRequest request;
-    request.title = kLoadFromDiskTitle;
+    request.title = title;
     request.startFolder = scenarioFolder();
     request.filter = kScenarioFilter;
-    const auto file = app_.dialogs.openFile(request);
+    return app_.dialogs.openFile(request);
+}
+
+void Frmmain::loadScenarioFromDisk() {
+    const auto file = chooseScenarioFile(kLoadFromDiskTitle);
     if (!file) {
         return;
     }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QImage>
@@ -158,6 +159,21 @@ class Views : public ::testing::Test {
     Application* app = nullptr;
     std::unique_ptr<ApplicationViews> views;
 };
+
+TEST_F(Views, APresetShowsItsScenarioUnderThePointerAndTheListLoadsOnActivation) {
+    app->frmmain.presetButtons[2].setCaption("Night Harbour");
+    QPushButton* preset = find(QStringLiteral("Night Harbour"));
+    ASSERT_NE(preset, nullptr);
+    QEvent enter(QEvent::Enter);
+    QApplication::sendEvent(preset, &enter);
+    EXPECT_EQ(app->frmmain.LCD5.line(4), "Night Harbour");
+
+    auto* list = find<QListWidget>(QStringLiteral("Scenarios"));
+    ASSERT_NE(list, nullptr);
+    list->setCurrentRow(0);
+    Q_EMIT list->itemActivated(list->item(0));
+    EXPECT_EQ(app->CurrentScenarioName, "Night Harbour");
+}
 
 TEST_F(Views, EveryCommandHasAButtonThatFollowsItsControl) {
     // The first thirteen act on panels in being; the others wait for theirs.

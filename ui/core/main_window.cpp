@@ -173,6 +173,12 @@ QWidget* scenarioSection(Frmmain& console, QWidget* parent) {
     list->setAccessibleName(QStringLiteral("Scenarios"));
     list->setMinimumHeight(72);
     bindWidget(console.scenarioList, *list);
+    // A double click, or Enter, on a scenario loads it, as the Load button does.
+    QObject::connect(list, &QListWidget::itemActivated, list, [&console] {
+        if (console.loadButton.enabled()) {
+            console.loadButton.click();
+        }
+    });
     layout->addWidget(list, 1);
 
     auto* information = new QPlainTextEdit(box);
@@ -200,6 +206,27 @@ QWidget* scenarioSection(Frmmain& console, QWidget* parent) {
     return box;
 }
 
+// The pointer over a preset button shows its scenario on the preset line.
+class PresetHover final : public QObject {
+  public:
+    PresetHover(Frmmain& console, int index, QWidget& button)
+        : QObject(&button), console_(console), index_(index) {
+        button.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Enter) {
+            console_.presetHover(index_);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    Frmmain& console_;
+    int index_;
+};
+
 QWidget* presetSection(Frmmain& console, QWidget* parent) {
     auto* box = group(QStringLiteral("Presets"), parent);
     auto* layout = new QVBoxLayout(box);
@@ -208,8 +235,10 @@ QWidget* presetSection(Frmmain& console, QWidget* parent) {
     grid->setSpacing(style::kSpacing);
     const int rows = Frmmain::kPresetButtons / 2;
     for (int p = 0; p < Frmmain::kPresetButtons; ++p) {
-        grid->addWidget(button(console.presetButtons[static_cast<std::size_t>(p)], box), p % rows,
-                        p / rows);
+        QPushButton* preset = button(console.presetButtons[static_cast<std::size_t>(p)], box);
+        preset->setAccessibleDescription(QStringLiteral("Preset %1").arg(p + 1));
+        new PresetHover(console, p, *preset);
+        grid->addWidget(preset, p % rows, p / rows);
     }
     layout->addLayout(grid);
     layout->addStretch(1);

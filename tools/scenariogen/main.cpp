@@ -1,0 +1,144 @@
+// scenariogen: writes the stock scenarios, the first run's soundscape and the stock
+// preset list into a folder laid out as the install tree (config/scenarios,
+// config/presets).
+//
+//   scenariogen <folder>
+//
+// Each recipe is applied to a headless program on a scratch tree, through the same
+// controls a hand moves, and saved by the console's own save, so every member is
+// exactly what the program writes and reads. The first recipe is saved a second time
+// as the members of the empty name, without a marker: what a first run loads.
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include <unistd.h>
+
+#include "base/dialogs.h"
+#include "base/event_loop.h"
+#include "base/file_io.h"
+#include "base/random.h"
+#include "base/settings_store.h"
+#include "core/application.h"
+#include "engine/recording_engine.h"
+#include "scenarios/scenario_files.h"
+#include "stock_scenarios.h"
+
+namespace fs = std::filesystem;
+using namespace brevane;
+
+namespace {
+
+// A scratch program folder, gone with the object.
+class ScratchTree {
+  public:
+    ScratchTree() {
+        root_ = fs::temp_directory_path() / ("brevane-scenariogen-" + std::to_string(::getpid()) +
+                                             "-" + std::to_string(counter_++));
+        fs::remove_all(root_);
+        fs::create_directories(root_);
+    }
+    ~ScratchTree() {
+        std::error_code ec;
+        fs::remove_all(root_, ec);
+    }
+    ScratchTree(const ScratchTree&) = delete;
+    ScratchTree& operator=(const ScratchTree&) = delete;
+    const fs::path& root() const { return root_; }
+
+  private:
+    static inline int counter_ = 0;
+    fs::path root_;
+};
+
+void applyLoop(Application& app, const stock::Loop& loop) {
+    BackgroundBank& bank = loop.bank == 1 ? app.frmback : app.frmback2;
+    BackgroundSoundSlot& slot = bank.slot(loop.slot);
+    // The bars hold 250 - limit; the upper limit first, so the lower never pushes it.
+    slot.highLimitBar.setValue(BackgroundBank::kLimitTop - loop.high);
+    slot.lowLimitBar.setValue(BackgroundBank::kLimitTop - loop.low);
+    slot.volume.setValue(loop.volume);
+    slot.rate.setValue(loop.rate);
+    slot.balance.setValue(loop.balance);
+    slot.on.setValue(1);
+}
+
+void applyShot(Application& app, const stock::Shot& shot) {
+    RandomBank* bank = app.randomBank(shot.bank);
+    if (bank == nullptr || shot.bank > 4) {
+        return;
+    }
+    bank->slot(shot.slot).volume.setValue(shot.volume);
+    bank->slot(shot.slot).frequency.setValue(shot.frequency);
+}
+
+// The program on a scratch tree with the recipe applied, saved under `name`; its
+// family is copied into `out`, under `savedAs` (the empty name drops the marker).
+bool saveRecipe(const stock::Scenario& recipe, const fs::path& out, const std::string& savedAs) {
+    ScratchTree tree;
+    RecordingEngine engine;
+    EventLoop loop;
+    ScriptedDialogs dialogs;
+    MemorySettingsStore settings;
+    brevane::Random random(1);
+    Application app(Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random});
+    app.start();
+    loop.advance(StartupSplash::kHandOverMs);
+
+    app.frmmain.Background.setValue(recipe.background);
+    app.frmmain.Random.setValue(recipe.random);
+    for (const stock::Loop& l : recipe.loops) {
+        applyLoop(app, l);
+    }
+    for (const stock::Shot& s : recipe.shots) {
+        applyShot(app, s);
+    }
+    if (!app.frmmain.dosave(recipe.name) || !dialogs.shown().empty()) {
+        std::fprintf(stderr, "scenariogen: \"%s\" could not be saved\n", recipe.name.c_str());
+        return false;
+    }
+    const fs::path scratch = tree.root() / kScenarioFolder;
+    const fs::path target = out / kScenarioFolder;
+    fs::create_directories(target);
+    for (const auto& entry : fs::directory_iterator(scratch)) {
+        const std::string file = entry.path().filename().string();
+        if (file.rfind(recipe.name, 0) != 0) {
+            continue;
+        }
+        const std::string rest = file.substr(recipe.name.size());
+        if (savedAs.empty() && rest == kScenarioMarkerExtension) {
+            continue;
+        }
+        fs::copy_file(entry.path(), target / (savedAs + rest),
+                      fs::copy_options::overwrite_existing);
+    }
+    // The information text is the user's to edit; the stock one is written here.
+    return writeFileAtomically(scenarioInformationFile(target, savedAs), recipe.information);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: scenariogen <folder>\n");
+        return 2;
+    }
+    const fs::path out = argv[1];
+    const auto& recipes = stock::scenarios();
+    bool ok = !recipes.empty() && saveRecipe(recipes.front(), out, "");
+    for (const stock::Scenario& recipe : recipes) {
+        ok = ok && saveRecipe(recipe, out, recipe.name);
+    }
+    const stock::PresetList& list = stock::presetList();
+    fs::create_directories(out / kPresetFolder);
+    ok = ok && writeFileAtomically(out / kPresetFolder / (list.name + kPresetListExtension),
+                                   writePresetList(list.captions));
+    if (!ok) {
+        return 1;
+    }
+    std::printf("scenariogen: %zu scenarios and the preset list \"%s\" in %s\n", recipes.size(),
+                list.name.c_str(), out.string().c_str());
+    return 0;
+}
