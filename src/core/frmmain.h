@@ -249,7 +249,7 @@ class Frmmain {
     static constexpr const char* kPresetListUnreadableText = "The preset file could not be opened.";
     static constexpr const char* kPresetListNotSavedText = "The preset list could not be saved.";
     // The list the program starts with on a first run, in config/presets.
-    static constexpr const char* kStockPresetList = "Stock Scenarios";
+    static constexpr const char* kStockPresetList = "Starter";
     // The loaded preset list's name: "None" once cleared, empty before any.
     std::string PresetListName;
     // "flashing" while an assignment waits for its button, else "notflashing".

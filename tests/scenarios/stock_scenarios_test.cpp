@@ -56,7 +56,7 @@ TEST_F(StockScenarios, TheFirstRunPlaysSummerStormWithTheStockPresets) {
     Application& app = h.startAndLoad();
     EXPECT_GT(renderRms(2), kAudibleRms);
     EXPECT_EQ(app.frmmain.LCD1.line(3), "Summer Storm");
-    EXPECT_EQ(app.frmmain.LCD5.line(3), "Presets: Stock Scenarios");
+    EXPECT_EQ(app.frmmain.LCD5.line(3), "Presets: Starter");
     EXPECT_EQ(app.frmmain.presetCaption(0), "Summer Storm");
     EXPECT_NE(app.frmmain.information.text(), Frmmain::kNoInformationText);
     // The first run's soundscape has no marker: the list shows no empty entry.
@@ -71,7 +71,7 @@ TEST_F(StockScenarios, EveryOneLoadsWithoutAMessageAndIsHeardWithinTenSeconds) {
     const std::vector<std::string> names = c.scenarioList.items();
     ASSERT_GE(names.size(), 14u);
     // Every preset of the stock list names one of them.
-    ASSERT_TRUE(c.readPresetListFile(h.tree.root() / kPresetFolder / "Stock Scenarios.pst"));
+    ASSERT_TRUE(c.readPresetListFile(h.tree.root() / kPresetFolder / "Starter.pst"));
     for (const std::string& caption : c.presetCaptions()) {
         EXPECT_NE(c.scenarioList.find(caption), -1) << caption;
     }

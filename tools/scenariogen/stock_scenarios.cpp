@@ -566,7 +566,7 @@ const std::vector<Scenario>& scenarios() {
 
 const PresetList& presetList() {
     static const PresetList list = {
-        "Stock Scenarios",
+        "Starter",
         {"Summer Storm", "Gentle Rain", "Thunderstorm", "Rain On A Car Roof", "Seaside",
          "Stormy Coast", "Loon Lake", "Forest Morning", "Summer Meadow", "Night In The Woods",
          "Campfire", "Farmyard Morning", "Mountain Stream", "Rainforest"},
