@@ -276,6 +276,12 @@ void Frmmain::saveScenarioAs() {
     if (name.empty()) {
         return;
     }
+    // A scenario is a family of files in one folder: a name that would reach into
+    // another folder cannot be one.
+    if (name.find('/') != std::string::npos) {
+        app_.dialogs.message(MessageKind::Information, kNotSavedText);
+        return;
+    }
     if (isFile(scenarioMarkerFile(scenarioFolder(), name)) &&
         !app_.dialogs.askYesNo(kOverwriteScenarioText)) {
         app_.dialogs.message(MessageKind::Information, kNotSavedText);

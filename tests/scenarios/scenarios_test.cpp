@@ -147,6 +147,11 @@ TEST_F(Scenarios, SaveOverAnotherNameAsksAndNoKeepsTheOldFamily) {
                       [](const auto& s) { return s.text == Frmmain::kOverwriteScenarioText; }),
         2);
 
+    // A name reaching into another folder is refused.
+    saveAs("../Harbour");
+    EXPECT_EQ(h.dialogs.shown().back().text, Frmmain::kNotSavedText);
+    EXPECT_FALSE(fs::exists(h.tree.root() / "config/Harbour.scn"));
+
     // An empty answer is a cancel; Save writes over the current name without asking.
     h.dialogs.clear();
     saveAs("   ");
