@@ -35,7 +35,8 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
 
     // Every way out (the console's quit, closing its window, a signal, the end of the
     // desktop session) runs the console's quit once; the quit routine then leaves the
-    // event loop. Signals are caught before the sound device is opened, so that the
+    // event loop. Only the console's own commands (its quit, its close button, the tray's
+    // "Quit App") ask first. Signals are caught before the sound device is opened, so that the
     // device library finds them taken and leaves them to the program.
     QuitRoutine quitRoutine([&] {
         if (running != nullptr) {
@@ -63,7 +64,9 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
                              .desktop = desktop});
     running = &app;
     ApplicationViews views(app);
-    quitRoutine.watchWindow(views.mainWindow());
+    // The close button is the console's quit command: it asks "Really Quit?" when the
+    // option says so, and a No leaves everything playing.
+    quitRoutine.watchWindow(views.mainWindow(), [&app] { app.frmmain.QuitCommand.click(); });
 
     app.onExit = [&](ExitKind kind) {
         if (kind == ExitKind::Immediate) {

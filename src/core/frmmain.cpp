@@ -88,7 +88,11 @@ void Frmmain::load() {
         app_.requestExit(ExitKind::Immediate);
         return;
     }
-    //    The option panel's "Current Soundcard: " line takes the device's name here.
+    //    A device no longer there has given way to the system's default output, driver
+    //    0, which the options then show as the current one.
+    if (app_.SoundCardIndex < 0 || app_.SoundCardIndex >= app_.engine.driverCount()) {
+        app_.SoundCardIndex = 0;
+    }
 
     // 4. The hidden scenario file list points at config/scenarios.
     // 5. The default colour values; the scheme is marked default; the console's

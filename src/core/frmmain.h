@@ -311,6 +311,9 @@ class Frmmain {
     MainRecord mainRecord() const;
     MainbRecord mainbRecord() const;
     bool shownBefore_ = false;
+    // The session flags as recallprevious read them, for Timershowoldform.
+    bool recalledRemoteShown_ = false;
+    bool recalledMainShown_ = false;
     // The load has run to its end: the last session is read and applied.
     bool sessionLoaded_ = false;
 

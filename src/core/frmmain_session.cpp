@@ -64,11 +64,17 @@ void Frmmain::wireSession() {
 }
 
 void Frmmain::trackMainShown() {
+    // MainShown says whether the console is on screen: set when it comes to the front,
+    // cleared when it hides into the tray. The quit hides it too, on its way out, but
+    // the session keeps it as it stood when the user quit.
+    if (quitting_) {
+        return;
+    }
     const bool shown = window.visible();
     if (shown && !shownBefore_) {
-        app_.MainShown = true;
         app_.RemoteShown = false;
     }
+    app_.MainShown = shown;
     shownBefore_ = shown;
 }
 
@@ -273,6 +279,10 @@ void Frmmain::recallprevious() {
         app_.CurrentScenarioName = r.scenarioName;
     }
     checklcd();
+    // The delayed return below goes by the flags as the session left them, whatever
+    // hides the console meanwhile ("Minimize on startup").
+    recalledRemoteShown_ = app_.RemoteShown;
+    recalledMainShown_ = app_.MainShown;
     Timershowoldform.setEnabled(true);
 
     // The panoramic and the slideshow start here, by PanoramicShown and
@@ -289,7 +299,7 @@ void Frmmain::showOldFormTick() {
     Timershowoldform.setEnabled(false);
     // The remote comes back here when RemoteShown, once it is in the program; the
     // console when it was the interface.
-    if (!app_.RemoteShown && app_.MainShown) {
+    if (!recalledRemoteShown_ && recalledMainShown_) {
         window.show();
     }
 }

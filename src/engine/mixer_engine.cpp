@@ -43,21 +43,28 @@ MixerEngine::~MixerEngine() {
 }
 
 int MixerEngine::driverCount() {
-    return backend_ ? backend_->deviceCount() : 1;
+    // Driver 0 is the system's default output, the devices follow it.
+    return backend_ ? backend_->deviceCount() + 1 : 1;
 }
 
 std::string MixerEngine::driverName(int driver) {
     if (!backend_) {
         return driver == 0 ? "Offline render" : "";
     }
-    return backend_->deviceName(driver);
+    if (driver == 0) {
+        return kDefaultOutputName;
+    }
+    return backend_->deviceName(driver - 1);
 }
 
 bool MixerEngine::start(int driver) {
     if (!device_) {
         return true;
     }
-    return device_->start(driver);
+    // The default output is the backend's -1, which a sound server moves along with its
+    // own default; a number past the list falls back to it as well.
+    const int device = driver >= 1 && driver < driverCount() ? driver - 1 : -1;
+    return device_->start(device);
 }
 
 void MixerEngine::close() {

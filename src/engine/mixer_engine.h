@@ -28,6 +28,9 @@ namespace brevane {
 class MixerEngine final : public SoundEngine {
   public:
     enum class Output { Device, Offline };
+    // Driver 0 on a device output: whatever the system plays through by default, followed
+    // as the sound server's default changes. Drivers 1 on are the backend's devices.
+    static constexpr const char* kDefaultOutputName = "the system's default output";
     explicit MixerEngine(Output output);
     // Device output on the given backend (tests supply one without hardware).
     explicit MixerEngine(std::unique_ptr<DeviceBackend> backend);

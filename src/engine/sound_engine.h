@@ -29,7 +29,8 @@ class SoundEngine {
   public:
     virtual ~SoundEngine() = default;
 
-    // Output devices, the driver number being the index in this list.
+    // Output devices, the driver number being the index in this list. A device engine
+    // lists the system's default output first, as driver 0.
     virtual int driverCount() = 0;
     // Empty for a number outside the list.
     virtual std::string driverName(int driver) = 0;

@@ -108,6 +108,14 @@ TEST_F(SessionStart, MainbField37IsTheSoundCardOnlyWhenItNamesADevice) {
         EXPECT_EQ(run->app->SoundCardIndex, 1) << notADevice;
         EXPECT_EQ(run->app->frmmain.presetCaption(12), "Woods");
     }
+    // A device gone since the last session: the default output, driver 0, takes its
+    // place, and the options show it as the current one.
+    fs::remove(at("mainb.tmp"));
+    put("scard.tmp", "9\r\n");
+    SessionRun run(tree.root());
+    run.startAndLoad();
+    EXPECT_EQ(run.app->SoundCardIndex, 0);
+    EXPECT_EQ(run.app->FRMOPTIONS.soundDevices.listIndex(), 0);
 }
 
 TEST_F(SessionStart, ADamagedMainbAppliesWhatItHoldsAndLosesNoOtherFile) {
@@ -256,19 +264,36 @@ TEST_F(SessionStart, RecallpreviousFollowsStatesTmpAndStripsTheVisualFolders) {
               "\"False\",\"Night Sea\",0,0,\"Beach\",\"Alps.jpg\",\"Dusk\",0\r\n");
 }
 
-TEST_F(SessionStart, WithoutStatesTmpTheRestoreLeavesTheConsoleWhichHidesAfterItsDelay) {
-    // Previous scenario and Minimize on startup both on.
-    put("main.tmp", "\"False\",\"Night Sea\",0,0,\"Beach\",\"Alps\",\"Dusk\",0\r\n");
-    put("opti.tmp", "1,1,1,1,1,\"60\",0,0,0\r\n");
-    SessionRun run(tree.root());
-    Application& app = run.startAndLoad();
-    EXPECT_TRUE(app.frmmain.window.visible());
-    EXPECT_EQ(app.frmmain.carry.slideshowLabel, "");
-    EXPECT_FALSE(app.frmmain.Timershowoldform.enabled());
-    run.loop.advance(Frmmain::kMinimizeMs);
-    EXPECT_FALSE(app.frmmain.window.visible());
-    // The console was the interface all the same: the session says so.
-    EXPECT_TRUE(app.MainShown);
+TEST_F(SessionStart, TheConsoleComesBackAsTheUserLeftItInTheTrayOrOnScreen) {
+    // The first run, "Minimize on startup" on as it comes: the console goes to the tray.
+    const auto startRun = [&] {
+        auto run = std::make_unique<SessionRun>(tree.root());
+        run->startAndLoad();
+        run->loop.advance(Frmmain::kFirstRunMs);
+        return run;
+    };
+    auto run = startRun();
+    EXPECT_FALSE(run->app->frmmain.window.visible());
+    EXPECT_FALSE(run->app->MainShown);
+    run->app->frmmain.mnutray.find("Quit App")->click();
+    EXPECT_EQ(fileText(at("states.tmp")), "#FALSE#,#FALSE#,#FALSE#,#FALSE#,#FALSE#\r\n");
+
+    // Quit from the tray, twice over: each start stays in the tray.
+    for (int start = 0; start < 2; ++start) {
+        run = startRun();
+        EXPECT_FALSE(run->app->frmmain.window.visible()) << start;
+        run->app->frmmain.QuitCommand.click();
+    }
+
+    // Quit with the console open: the next start brings it back after the minimize.
+    run = startRun();
+    run->app->frmmain.mnutray.find("Show Main")->click();
+    EXPECT_TRUE(run->app->MainShown);
+    run->app->frmmain.QuitCommand.click();
+    EXPECT_EQ(fileText(at("states.tmp")), "#FALSE#,#TRUE#,#FALSE#,#FALSE#,#FALSE#\r\n");
+    run = startRun();
+    EXPECT_TRUE(run->app->frmmain.window.visible());
+    EXPECT_TRUE(run->app->MainShown);
 }
 
 TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {

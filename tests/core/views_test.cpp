@@ -294,8 +294,9 @@ TEST_F(Views, WithoutATrayTheHiddenConsoleWaitsInTheTaskBar) {
     app->frmback.window.hide();
     app->frmmain.window.show();
     app->frmmain.window.hide();
-    QCoreApplication::processEvents();
+    QTest::qWait(MainWindow::kTaskBarSettleMs + 100);
     EXPECT_TRUE(window.isMinimized());
+    EXPECT_FALSE(app->frmmain.window.visible());
     // Coming back from the task bar shows the console again.
     window.showNormal();
     EXPECT_TRUE(app->frmmain.window.visible());

@@ -43,7 +43,9 @@ class FakeBackend final : public DeviceBackend {
     ~FakeBackend() override { close(); }
 
     int deviceCount() override { return 2; }
-    std::string deviceName(int index) override { return index == 0 ? "Speakers" : "Headset"; }
+    std::string deviceName(int index) override {
+        return index == 0 ? "Speakers" : index == 1 ? "Headset" : "";
+    }
     bool open(int index, int, RenderCallback callback, void* user) override {
         close();
         {
@@ -81,18 +83,22 @@ class FakeBackend final : public DeviceBackend {
     std::thread thread_;
 };
 
-TEST(DeviceOutput, AnUnknownDriverNumberOpensTheDefaultDeviceAndAFailedOpenIsReported) {
+TEST(DeviceOutput, DriverZeroIsTheDefaultOutputAndAnUnknownNumberFallsBackToIt) {
     auto state = std::make_shared<FakeBackend::State>();
     MixerEngine engine(std::make_unique<FakeBackend>(state));
-    EXPECT_EQ(engine.driverCount(), 2);
-    EXPECT_EQ(engine.driverName(1), "Headset");
-    ASSERT_TRUE(engine.start(1));
-    engine.close();
-    ASSERT_TRUE(engine.start(5));
-    engine.close();
+    // The default first, then the devices, so a row of the list is its driver number.
+    EXPECT_EQ(engine.driverCount(), 3);
+    EXPECT_EQ(engine.driverName(0), MixerEngine::kDefaultOutputName);
+    EXPECT_EQ(engine.driverName(1), "Speakers");
+    EXPECT_EQ(engine.driverName(2), "Headset");
+    EXPECT_EQ(engine.driverName(3), "");
+    for (int driver : {2, 0, 3, -4}) {
+        ASSERT_TRUE(engine.start(driver));
+        engine.close();
+    }
     {
         std::lock_guard lock(state->mutex);
-        EXPECT_EQ(state->opened, (std::vector<int>{1, -1}));
+        EXPECT_EQ(state->opened, (std::vector<int>{1, -1, -1, -1}));
         state->available = false;
     }
     EXPECT_FALSE(engine.start(0));
@@ -102,7 +108,7 @@ TEST(DeviceOutput, ALostDeviceKeepsTheMixGoingAndItResumesOnTheDefaultDevice) {
     TempTree tree;
     auto state = std::make_shared<FakeBackend::State>();
     MixerEngine engine(std::make_unique<FakeBackend>(state));
-    ASSERT_TRUE(engine.start(1));
+    ASSERT_TRUE(engine.start(2));
     ASSERT_TRUE(eventually([&] { return state->callbacks > 10; }));
 
     // A one-shot of 0.3 s; the headset goes at once, and no device is there for a while.

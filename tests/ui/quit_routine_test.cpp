@@ -47,6 +47,18 @@ TEST_F(QuitRoutineTest, ClosingTheWindowRunsTheShutdownAndEndsWithStatusZero) {
     EXPECT_TRUE(routine_.quitting());
 }
 
+TEST_F(QuitRoutineTest, AWindowWithACloseHandlerAsksItInsteadOfQuitting) {
+    QWidget window;
+    int asked = 0;
+    routine_.watchWindow(window, [&] { ++asked; });
+    window.show();
+    window.close();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(shutdowns_, 0);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(routine_.quitting());
+}
+
 TEST_F(QuitRoutineTest, EachTerminationSignalRunsTheShutdownOnTheEventThread) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         QuitRoutine routine(shutdown());

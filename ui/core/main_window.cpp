@@ -303,7 +303,9 @@ class ConsoleWithoutTray final : public QObject {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
+        // Only a window coming back from the task bar brings the console back.
         if (watched == &window_ && event->type() == QEvent::WindowStateChange &&
+            (static_cast<QWindowStateChangeEvent*>(event)->oldState() & Qt::WindowMinimized) &&
             !window_.isMinimized() && window_.isVisible() && !panel_.visible()) {
             panel_.show();
         }
@@ -318,9 +320,11 @@ class ConsoleWithoutTray final : public QObject {
             }
             return;
         }
-        // Once the change has settled: the panel taking the console's place shows
-        // after the console hides.
-        QTimer::singleShot(0, this, [this] { minimizeIfAlone(); });
+        // Once the change has settled: the panel taking the console's place shows after
+        // the console hides, and a start hides the console just after showing it. A
+        // window manager still busy with the hide may map the window again as a normal
+        // one, which would look like the user bringing it back.
+        QTimer::singleShot(MainWindow::kTaskBarSettleMs, this, [this] { minimizeIfAlone(); });
     }
 
     void minimizeIfAlone() {

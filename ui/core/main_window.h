@@ -12,6 +12,10 @@ class Frmmain;
 class MainWindow : public QMainWindow {
   public:
     explicit MainWindow(Frmmain& console, QWidget* parent = nullptr);
+
+    // On a desktop without a notification area, how long the console waits once hidden
+    // before it goes to the task bar.
+    static constexpr int kTaskBarSettleMs = 400;
 };
 
 }  // namespace brevane

@@ -36,7 +36,9 @@ QuitRoutine::~QuitRoutine() {
     releaseSignals();
 }
 
-void QuitRoutine::watchWindow(QWidget& window) {
+void QuitRoutine::watchWindow(QWidget& window, std::function<void()> onClose) {
+    onClose_[&window] = std::move(onClose);
+    connect(&window, &QObject::destroyed, this, [this](QObject* gone) { onClose_.erase(gone); });
     window.installEventFilter(this);
 }
 
@@ -44,7 +46,12 @@ bool QuitRoutine::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Close && watched->isWidgetType()) {
         // The window stays until the shutdown step has run; quitting hides it.
         event->ignore();
-        quit();
+        const auto handler = onClose_.find(watched);
+        if (!quitting_ && handler != onClose_.end() && handler->second) {
+            handler->second();
+        } else {
+            quit();
+        }
         return true;
     }
     return QObject::eventFilter(watched, event);

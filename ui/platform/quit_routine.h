@@ -17,6 +17,7 @@
 #include <array>
 #include <csignal>
 #include <functional>
+#include <map>
 
 class QSocketNotifier;
 class QWidget;
@@ -28,8 +29,10 @@ class QuitRoutine : public QObject {
     explicit QuitRoutine(std::function<void()> shutdown);
     ~QuitRoutine() override;
 
-    // Closing `window` quits the program instead of only closing the window.
-    void watchWindow(QWidget& window);
+    // Closing `window` quits the program instead of only closing the window. With
+    // `onClose`, the close is handed to it instead: the console's quit command, which
+    // may ask the user first and then quits through the program's exit.
+    void watchWindow(QWidget& window, std::function<void()> onClose = {});
 
     // Catches SIGTERM, SIGINT and SIGHUP, and the desktop session's end. False when
     // the signals cannot be caught (another routine holds them, or no pipe).
@@ -47,6 +50,7 @@ class QuitRoutine : public QObject {
     void releaseSignals();
 
     std::function<void()> shutdown_;
+    std::map<QObject*, std::function<void()>> onClose_;
     bool quitting_ = false;
     int pipe_[2] = {-1, -1};
     QSocketNotifier* notifier_ = nullptr;
