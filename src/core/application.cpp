@@ -31,7 +31,8 @@ Application::Application(const Platform& platform)
       Form3(*this, frmrandommain, "Randomize Settings", "Settings4"),
       Form33(*this, frmcustom, "Custom Randomize Settings", {}),
       Frmsoundindent(*this),
-      FRMOPTIONS(*this) {}
+      FRMOPTIONS(*this),
+      frmevolve(*this) {}
 
 Application::~Application() = default;
 
@@ -109,6 +110,7 @@ void Application::unloadPanels() {
     frmrandommain4.unload();
     frmcustom.unload();
     Frmsoundindent.unload();
+    frmevolve.unload();
     FRMOPTIONS.unload();
     STARTUP.unload();
 }

@@ -27,6 +27,7 @@
 #include "core/platform.h"
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
+#include "weather/frmevolve.h"
 
 namespace brevane {
 
@@ -109,6 +110,8 @@ class Application {
     IdentifyPanel Frmsoundindent;
     OptionsPanel FRMOPTIONS;
     TipsPanel Formtips;
+    // Rain, thunder and the night, driving bank one, bank two and the random banks.
+    Frmevolve frmevolve;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();

@@ -123,6 +123,7 @@ void Frmmain::load() {
     app_.Form33.load();
     app_.Frmsoundindent.load();
     app_.FRMOPTIONS.load();
+    app_.frmevolve.load();
 
     // 12. mainb.tmp: group sliders (Master stays low for the intro fade and its saved
     //     value becomes SavedMasterLevel), presets, colours, remote, bank states and

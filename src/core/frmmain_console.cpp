@@ -24,7 +24,6 @@ void Frmmain::wireConsole() {
         button.setEnabled(false);
     };
     placeholder(brainwavesButton, "Brainwaves");
-    placeholder(evolveButton, "Evolve");
     placeholder(mp3Button, "MP3");
     placeholder(cdButton, "CD");
     placeholder(effectsButton, "Effects");
@@ -37,6 +36,10 @@ void Frmmain::wireConsole() {
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
     alarmSettingsButton.setToolTip("Alarm settings");
+
+    evolveButton.setCaption("Evolve");
+    evolveButton.setToolTip("Rain, thunder and the night coming by themselves");
+    evolveButton.onClick = [this] { app_.frmevolve.window.show(); };
 
     optionsButton.setCaption("Options");
     optionsButton.onClick = [this] { app_.FRMOPTIONS.window.show(); };

@@ -2,8 +2,6 @@
 // information text (loadmainsettings), Save, Save As, Delete, the scenario list and
 // the tray's scenario entries.
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -12,7 +10,7 @@
 #include "base/app_path.h"
 #include "base/dialogs.h"
 #include "base/file_io.h"
-#include "base/natural_order.h"
+#include "base/preset_folder.h"
 #include "base/random.h"
 #include "core/application.h"
 #include "core/frmmain.h"
@@ -34,11 +32,6 @@ bool isFolder(const fs::path& path) {
     return fs::is_directory(path, ec);
 }
 
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
 
 // The information text, each line ended in CR LF whatever the file used.
 std::string readInformation(const fs::path& file) {
@@ -86,24 +79,7 @@ void Frmmain::refreshscenariolist() {
     // Every marker file of config/scenarios by its name, without the last four
     // characters, in the order a file manager lists them. A first run's soundscape
     // has members but no marker, so it never shows as an empty entry.
-    std::vector<std::string> names;
-    std::error_code ec;
-    for (fs::directory_iterator it(scenarioFolder(), ec), end; !ec && it != end; it.increment(ec)) {
-        std::error_code typeError;
-        if (!it->is_regular_file(typeError)) {
-            continue;
-        }
-        const fs::path& file = it->path();
-        if (lowerCase(file.extension().string()) == kScenarioMarkerExtension) {
-            names.push_back(withoutLastFour(file.filename().string()));
-        }
-    }
-    std::sort(names.begin(), names.end(),
-              [](const std::string& a, const std::string& b) { return naturalLess(a, b); });
-    scenarioList.clear();
-    for (std::string& name : names) {
-        scenarioList.addItem(std::move(name));
-    }
+    fillList(scenarioList, folderNames(scenarioFolder(), kScenarioMarkerExtension));
     buildScenarioMenu();
 }
 
@@ -200,9 +176,10 @@ void Frmmain::doload(const std::string& name, const fs::path& from) {
     app_.frmrandommain3.doload(member(ScenarioMember::RandomThree));
     app_.frmrandommain4.doload(member(ScenarioMember::RandomFour));
 
-    // 10-11. The weather and night generators start from what they hold, once they are
-    // in the program. Their member (14) and the beat generator's (13) are never read
-    // here: both keep what they hold across a load.
+    // 10-11. The weather and night start again from what the panel holds. Their member
+    // (14) and the beat generator's (13) are never read here: both keep what they hold
+    // across a load.
+    app_.frmevolve.scenarioLoaded();
 
     // 12. The controls come back, and the status shows the new scenario.
     setScenarioControlsEnabled(true);
@@ -339,9 +316,9 @@ bool Frmmain::dosave(const std::string& name) {
     saved &= app_.frmrandommain2.dosave(member(ScenarioMember::RandomTwo));
     saved &= app_.frmrandommain3.dosave(member(ScenarioMember::RandomThree));
     saved &= app_.frmrandommain4.dosave(member(ScenarioMember::RandomFour));
-    // The colour scheme (9), the beat generator (13) and the weather (14) write their
-    // members here once they are in the program; the scheme's second copy (7) follows
-    // the main settings.
+    // The colour scheme (9) and the beat generator (13) write their members here once
+    // they are in the program; the scheme's second copy (7) follows the main settings.
+    saved &= app_.frmevolve.dosave(member(ScenarioMember::Weather));
     saved &= writeFileAtomically(member(ScenarioMember::Main),
                                  writeScenarioMainFile(scenarioMainRecord()));
 
