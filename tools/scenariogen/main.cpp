@@ -1,6 +1,6 @@
-// scenariogen: writes the stock scenarios, the first run's soundscape and the stock
-// preset list into a folder laid out as the install tree (config/scenarios,
-// config/presets).
+// scenariogen: writes the stock scenarios, the first run's soundscape, the stock preset
+// list and the stock weather presets into a folder laid out as the install tree
+// (config/scenarios, config/presets, config/evolve).
 //
 //   scenariogen <folder>
 //
@@ -25,6 +25,7 @@
 #include "engine/recording_engine.h"
 #include "scenarios/scenario_files.h"
 #include "stock_scenarios.h"
+#include "stock_weather.h"
 
 namespace fs = std::filesystem;
 using namespace brevane;
@@ -118,6 +119,55 @@ bool saveRecipe(const stock::Scenario& recipe, const fs::path& out, const std::s
     return writeFileAtomically(scenarioInformationFile(target, savedAs), recipe.information);
 }
 
+// The Evolve panel set as the preset says, saved by its own writer.
+bool saveWeatherPreset(Application& app, const stock::WeatherPreset& p, const fs::path& out) {
+    Frmevolve& e = app.frmevolve;
+    e.hscrollrain.setValue(p.rainOccurrence);
+    e.hscrollsevrain.setValue(p.rainSeverity);
+    e.Hscrollweatherspeed.setValue(p.rainSpeed);
+    e.Hscrollduration.setValue(p.rainLength);
+    e.hscrollmaxrain.setValue(p.rainMax);
+    e.hscrollthunder.setValue(p.thunderOccurrence);
+    e.hscrollsevthun.setValue(p.thunderSeverity);
+    e.hscrollthunderspeed.setValue(p.thunderSpeed);
+    e.hscrollthunderlength.setValue(p.thunderLength);
+    e.hscrollmaxthunder.setValue(p.thunderMax);
+    e.Frogs.setChecked(p.frogs);
+    e.Insects.setChecked(p.insects);
+    e.nightbirdscheck.setChecked(p.nightBirds);
+    e.Crickets.setChecked(p.crickets);
+    e.Campfire.setChecked(p.campfire);
+    e.frogsfreq.setValue(p.frogsAmount);
+    e.Insectsfreq.setValue(p.insectsAmount);
+    e.Nightfreq.setValue(p.nightBirdsAmount);
+    e.frogsvolume.setValue(p.frogsVolume);
+    e.insectsvolume.setValue(p.insectsVolume);
+    e.nightbirdsvolume.setValue(p.nightBirdsVolume);
+    e.cricketsvolume.setValue(p.cricketsVolume);
+    e.campfirevolume.setValue(p.campfireVolume);
+    e.delay.setValue(p.delayMinutes);
+    e.Ratetonight.setValue(p.rate);
+    e.presetBox.setText(p.name);
+    fs::create_directories(out / Frmevolve::kPresetFolder);
+    return e.dosave(out / Frmevolve::kPresetFolder / (p.name + Frmevolve::kPresetExtension));
+}
+
+bool saveWeatherPresets(const fs::path& out) {
+    ScratchTree tree;
+    RecordingEngine engine;
+    EventLoop loop;
+    ScriptedDialogs dialogs;
+    MemorySettingsStore settings;
+    brevane::Random random(1);
+    bool ok = true;
+    for (const stock::WeatherPreset& preset : stock::weatherPresets()) {
+        // A fresh panel for each, so what one preset leaves out stays at the default.
+        Application app(Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random});
+        ok = ok && saveWeatherPreset(app, preset, out);
+    }
+    return ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -135,10 +185,12 @@ int main(int argc, char** argv) {
     fs::create_directories(out / kPresetFolder);
     ok = ok && writeFileAtomically(out / kPresetFolder / (list.name + kPresetListExtension),
                                    writePresetList(list.captions));
+    ok = ok && saveWeatherPresets(out);
     if (!ok) {
         return 1;
     }
-    std::printf("scenariogen: %zu scenarios and the preset list \"%s\" in %s\n", recipes.size(),
-                list.name.c_str(), out.string().c_str());
+    std::printf(
+        "scenariogen: %zu scenarios, the preset list \"%s\" and %zu weather presets in %s\n",
+        recipes.size(), list.name.c_str(), stock::weatherPresets().size(), out.string().c_str());
     return 0;
 }
