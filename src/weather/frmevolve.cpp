@@ -319,6 +319,10 @@ void Frmevolve::load() {
     std::error_code ec;
     if (fs::is_regular_file(app_.appPath / kSessionFile, ec)) {
         doload(app_.appPath / kSessionFile);
+    } else {
+        // A panel as it comes holds the default preset's values: it says so, and the
+        // console's weather line shows that name once the weather is on.
+        presetBox.setText(kDefaultPreset);
     }
     position = readWindowPosition(app_.settings, kSettingsSection, kTopOffset);
 }

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPalette>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
@@ -234,6 +235,16 @@ void bindWidget(TextBox& control, QLineEdit& widget) {
                      [binding, &control](const QString& text) {
                          binding->edit([&] { control.setText(textFromQt(text)); });
                      });
+}
+
+void bindWidget(TextBox& control, QPlainTextEdit& widget) {
+    widget.setReadOnly(true);
+    new Binding(control, widget, [&control, &widget] {
+        const QString text = qtDisplayText(control.text());
+        if (widget.toPlainText() != text) {
+            widget.setPlainText(text);
+        }
+    });
 }
 
 void bindWidget(ComboBox& control, QComboBox& widget) {

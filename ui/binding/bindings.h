@@ -27,6 +27,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
 class QScrollBar;
@@ -45,6 +46,8 @@ void bindWidget(OptionButton& control, QRadioButton& widget);
 void bindWidget(ToggleButton& control, QPushButton& widget);
 void bindWidget(CommandButton& control, QPushButton& widget);
 void bindWidget(TextBox& control, QLineEdit& widget);
+// A text to read, not to type: the widget is made read-only.
+void bindWidget(TextBox& control, QPlainTextEdit& widget);
 // Editable or not; an editable box never adds typed text to its list, the list is
 // the control's.
 void bindWidget(ComboBox& control, QComboBox& widget);

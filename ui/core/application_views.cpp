@@ -10,6 +10,7 @@
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
+#include "ui/weather/evolve_view.h"
 #include "ui/core/tray_view.h"
 #include "ui/core/splash_view.h"
 #include "ui/core/tips_view.h"
@@ -34,6 +35,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.Form33.window, std::make_unique<RandomizeSettingsView>(app.Form33));
     add(app.Frmsoundindent.window, std::make_unique<IdentifyView>(app.Frmsoundindent));
     add(app.FRMOPTIONS.window, std::make_unique<OptionsView>(app.FRMOPTIONS));
+    add(app.frmevolve.window, std::make_unique<EvolveView>(app.frmevolve));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     bindProgramHotkeys(app, *mainWindow_);
 

@@ -87,32 +87,6 @@ QGroupBox* group(const QString& title, QWidget* parent) {
     return box;
 }
 
-// The scenario information: a read-only text that shows and hides with its control.
-class InformationFollower final : public QObject {
-  public:
-    InformationFollower(TextBox& control, QPlainTextEdit& view)
-        : QObject(&view), control_(control), view_(view) {
-        watchId_ = control_.watch([this] { show(); });
-        show();
-    }
-    ~InformationFollower() override { control_.unwatch(watchId_); }
-
-  private:
-    void show() {
-        const QString text = qtDisplayText(control_.text());
-        if (view_.toPlainText() != text) {
-            view_.setPlainText(text);
-        }
-        if (view_.isHidden() == control_.visible()) {
-            view_.setVisible(control_.visible());
-        }
-    }
-
-    TextBox& control_;
-    QPlainTextEdit& view_;
-    Control::WatchId watchId_ = 0;
-};
-
 QWidget* mixSection(Frmmain& console, QWidget* parent) {
     auto* mix = group(QStringLiteral("Mix"), parent);
     auto* layout = new QVBoxLayout(mix);
@@ -182,10 +156,9 @@ QWidget* scenarioSection(Frmmain& console, QWidget* parent) {
     layout->addWidget(list, 1);
 
     auto* information = new QPlainTextEdit(box);
-    information->setReadOnly(true);
     information->setAccessibleName(QStringLiteral("Scenario information"));
     information->setFixedHeight(84);
-    new InformationFollower(console.information, *information);
+    bindWidget(console.information, *information);
     layout->addWidget(information);
 
     auto* files = new QHBoxLayout();
