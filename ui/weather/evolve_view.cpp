@@ -181,6 +181,9 @@ EvolveView::EvolveView(Frmevolve& panel, QWidget* parent) : QWidget(parent, Qt::
     presets->setSpacing(style::kSpacing);
     presets->addWidget(new QLabel(QStringLiteral("Preset"), this));
     auto* box = new QComboBox(this);
+    // The box shows the preset's name even when no entry is selected: the name the
+    // last session kept, or one typed for Save.
+    box->setEditable(true);
     box->setAccessibleName(QStringLiteral("Preset"));
     box->setMinimumWidth(180);
     bindWidget(panel.presetBox, *box);
