@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "base/app_path.h"
+#include "base/dialogs.h"
 #include "base/natural_order.h"
 
 namespace brevane {
@@ -55,6 +56,92 @@ void stepNext(ComboBox& box) {
         box.setListIndex(0);
     }
     box.setListIndex(box.listIndex() + 1);
+}
+
+PresetFolder::PresetFolder(Dialogs& dialogs, fs::path folder, std::string extension, ComboBox& box,
+                           PresetTexts texts)
+    : dialogs_(dialogs),
+      folder_(std::move(folder)),
+      extension_(std::move(extension)),
+      box_(box),
+      texts_(texts) {}
+
+fs::path PresetFolder::file(const std::string& name) const {
+    return folder_ / (name + extension_);
+}
+
+void PresetFolder::refill() {
+    const std::string text = box_.text();
+    fillList(box_, folderNames(folder_, extension_));
+    box_.setText(text);
+}
+
+void PresetFolder::loadSelected() {
+    if (box_.listIndex() < 0) {
+        return;
+    }
+    if (!read || !read(file(box_.item(box_.listIndex())))) {
+        dialogs_.message(MessageKind::Information, texts_.loadProblem);
+    }
+}
+
+void PresetFolder::save() {
+    if (box_.text().empty() || box_.text() == texts_.noneSelected) {
+        saveAs();
+        return;
+    }
+    if (dialogs_.askYesNo(texts_.overwrite) && !(write && write(file(box_.text())))) {
+        dialogs_.message(MessageKind::Exclamation, texts_.loadProblem);
+    }
+}
+
+void PresetFolder::saveAs() {
+    const std::string name = dialogs_.inputBox(texts_.namePrompt, "", "");
+    if (name.empty()) {
+        return;
+    }
+    std::error_code ec;
+    fs::create_directories(folder_, ec);
+    box_.setText(name);
+    if (!(write && write(file(name)))) {
+        dialogs_.message(MessageKind::Exclamation, texts_.loadProblem);
+        return;
+    }
+    refill();
+}
+
+void PresetFolder::remove() {
+    const std::string name = box_.text();
+    if (name == texts_.defaultName) {
+        dialogs_.message(MessageKind::Information, texts_.defaultUndeletable);
+        return;
+    }
+    if (!dialogs_.askYesNo(texts_.deleteQuestion)) {
+        return;
+    }
+    std::error_code ec;
+    if (name.empty() || !fs::remove(file(name), ec)) {
+        dialogs_.message(MessageKind::Information, texts_.deleteFailed);
+        return;
+    }
+    box_.setText("");
+    refill();
+    box_.setText(texts_.noneSelected);
+}
+
+void PresetFolder::restoreDefaults() {
+    if (!dialogs_.askYesNo(texts_.restoreDefaults)) {
+        return;
+    }
+    box_.setText(texts_.defaultName);
+    const int index = box_.find(texts_.defaultName);
+    if (index < 0) {
+        dialogs_.message(MessageKind::Information, texts_.loadProblem);
+        return;
+    }
+    // Selected afresh, so it loads even when it was the selection already.
+    box_.setListIndex(-1);
+    box_.setListIndex(index);
 }
 
 }  // namespace brevane

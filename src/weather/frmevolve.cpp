@@ -229,6 +229,7 @@ Frmevolve::Frmevolve(Application& app)
       nighttimer(app.loop, kNightMinuteMs),
       nightfadeout(app.loop, 1000),
       nightfadein(app.loop, kNightFadeInMs),
+      presets(app.dialogs, app.appPath / kPresetFolder, kPresetExtension, presetBox),
       app_(app),
       rainBank_(app.frmback),
       nightBank_(app.frmback2) {
@@ -276,15 +277,17 @@ Frmevolve::Frmevolve(Application& app)
     Crickets.setCaption("Crickets");
     Campfire.setCaption("Campfire");
 
-    presetBox.onClick = [this] { presetSelected(); };
+    presets.write = [this](const fs::path& file) { return dosave(file); };
+    presets.read = [this](const fs::path& file) { return readPreset(file); };
+    presetBox.onClick = [this] { presets.loadSelected(); };
     saveButton.setCaption("Save");
-    saveButton.onClick = [this] { savePreset(); };
+    saveButton.onClick = [this] { presets.save(); };
     saveAsButton.setCaption("Save As");
-    saveAsButton.onClick = [this] { savePresetAs(); };
+    saveAsButton.onClick = [this] { presets.saveAs(); };
     deleteButton.setCaption("Delete");
-    deleteButton.onClick = [this] { deletePreset(); };
+    deleteButton.onClick = [this] { presets.remove(); };
     defaultsButton.setCaption("Defaults");
-    defaultsButton.onClick = [this] { restoreDefaults(); };
+    defaultsButton.onClick = [this] { presets.restoreDefaults(); };
     previousButton.setCaption("<");
     previousButton.setToolTip("Previous preset");
     previousButton.onClick = [this] { stepPrevious(presetBox); };
@@ -315,7 +318,7 @@ void Frmevolve::showHint(const std::string& text) {
 // ---- life ----
 
 void Frmevolve::load() {
-    refillPresets();
+    presets.refill();
     std::error_code ec;
     if (fs::is_regular_file(app_.appPath / kSessionFile, ec)) {
         doload(app_.appPath / kSessionFile);
@@ -721,91 +724,21 @@ void Frmevolve::doload(const fs::path& file) {
 
 // ---- presets ----
 
-fs::path Frmevolve::presetFile(const std::string& name) const {
-    return app_.appPath / kPresetFolder / (name + kPresetExtension);
-}
-
-void Frmevolve::refillPresets() {
-    const std::string text = presetBox.text();
-    fillList(presetBox, folderNames(app_.appPath / kPresetFolder, kPresetExtension));
-    presetBox.setText(text);
-}
-
-void Frmevolve::presetSelected() {
-    if (presetBox.listIndex() < 0) {
-        return;
+bool Frmevolve::readPreset(const fs::path& file) {
+    const auto content = readWholeFile(file);
+    if (!content) {
+        return false;
     }
-    const auto content = readWholeFile(presetFile(presetBox.item(presetBox.listIndex())));
     const FieldsRead<Values> read =
-        content ? readFields<Values>(*content, kRecordFields,
-                                     [](auto& io, auto& r) { recordFields(io, r); })
-                : FieldsRead<Values>{};
-    // A preset is all of it or nothing: a damaged one changes no slider.
+        readFields<Values>(*content, kRecordFields, [](auto& io, auto& r) { recordFields(io, r); });
+    // A preset is all of it or nothing: a damaged one changes no slider. The box keeps
+    // the name selected.
     if (!read.whole(kRecordFields)) {
-        app_.dialogs.message(MessageKind::Information, kPresetProblemText);
-        return;
+        return false;
     }
     apply(read.record, kRecordFields);
     hintBox.setText("");
-}
-
-void Frmevolve::savePreset() {
-    if (presetBox.text().empty() || presetBox.text() == kNoPresetSelected) {
-        savePresetAs();
-        return;
-    }
-    if (app_.dialogs.askYesNo(kOverwriteText) && !dosave(presetFile(presetBox.text()))) {
-        app_.dialogs.message(MessageKind::Exclamation, kPresetProblemText);
-    }
-}
-
-void Frmevolve::savePresetAs() {
-    const std::string name = app_.dialogs.inputBox(kNamePrompt, "", "");
-    if (name.empty()) {
-        return;
-    }
-    std::error_code ec;
-    fs::create_directories(app_.appPath / kPresetFolder, ec);
-    presetBox.setText(name);
-    if (!dosave(presetFile(name))) {
-        app_.dialogs.message(MessageKind::Exclamation, kPresetProblemText);
-        return;
-    }
-    refillPresets();
-}
-
-void Frmevolve::deletePreset() {
-    const std::string name = presetBox.text();
-    if (name == kDefaultPreset) {
-        app_.dialogs.message(MessageKind::Information, kDefaultUndeletableText);
-        return;
-    }
-    if (!app_.dialogs.askYesNo(kDeleteText)) {
-        return;
-    }
-    std::error_code ec;
-    if (name.empty() || !fs::remove(presetFile(name), ec)) {
-        app_.dialogs.message(MessageKind::Information, kDeleteFailedText);
-        return;
-    }
-    presetBox.setText("");
-    refillPresets();
-    presetBox.setText(kNoPresetSelected);
-}
-
-void Frmevolve::restoreDefaults() {
-    if (!app_.dialogs.askYesNo(kRestoreDefaultsText)) {
-        return;
-    }
-    presetBox.setText(kDefaultPreset);
-    const int index = presetBox.find(kDefaultPreset);
-    if (index < 0) {
-        app_.dialogs.message(MessageKind::Information, kPresetProblemText);
-        return;
-    }
-    // Selected afresh, so it loads even when it was the selection already.
-    presetBox.setListIndex(-1);
-    presetBox.setListIndex(index);
+    return true;
 }
 
 }  // namespace brevane

@@ -29,6 +29,7 @@
 
 #include "base/controls.h"
 #include "base/event_loop.h"
+#include "base/preset_folder.h"
 #include "base/settings_store.h"
 
 namespace brevane {
@@ -49,21 +50,10 @@ class Frmevolve {
     static constexpr const char* kPresetFolder = "config/evolve";
     static constexpr const char* kPresetExtension = ".rvf";
     static constexpr const char* kDefaultPreset = "Default";
-    static constexpr const char* kNoPresetSelected = "No Preset Selected";
     static constexpr const char* kEnableWeather = "Enable Changeable Weather";
     static constexpr const char* kDisableWeather = "Disable Changeable Weather";
     static constexpr const char* kEnableNight = "Enable Night Transition";
     static constexpr const char* kDisableNight = "Disable Night Transition";
-    static constexpr const char* kPresetProblemText = "There was a problem loading the preset";
-    static constexpr const char* kOverwriteText =
-        "This will overwrite the current preset. Continue?";
-    static constexpr const char* kNamePrompt = "Please type a name to identify this configuration";
-    static constexpr const char* kDefaultUndeletableText = "The default preset cannot be deleted";
-    static constexpr const char* kDeleteText = "This will delete the current preset. Continue?";
-    static constexpr const char* kDeleteFailedText = "The Preset Could Not Be Deleted";
-    static constexpr const char* kRestoreDefaultsText =
-        "This will restore all settings on this panel to their defaults. Do you wish to "
-        "continue?";
 
     explicit Frmevolve(Application& app);
     Frmevolve(const Frmevolve&) = delete;
@@ -128,6 +118,8 @@ class Frmevolve {
 
     // ---- Presets ----
     ComboBox presetBox;
+    // The presets of config/evolve, listed in presetBox.
+    PresetFolder presets;
     CommandButton saveButton;
     CommandButton saveAsButton;
     CommandButton deleteButton;
@@ -158,13 +150,6 @@ class Frmevolve {
     // not reach not at all.
     void doload(const std::filesystem::path& file);
 
-    // The preset commands.
-    void refillPresets();
-    void savePreset();
-    void savePresetAs();
-    void deletePreset();
-    void restoreDefaults();
-
     // The ticks.
     void evolveTick();
     void thunderTick();
@@ -177,10 +162,8 @@ class Frmevolve {
 
   private:
     struct Values;
-    std::optional<Values> readRecord(const std::filesystem::path& file, bool whole) const;
     void apply(const Values& v, int fields);
-    void presetSelected();
-    std::filesystem::path presetFile(const std::string& name) const;
+    bool readPreset(const std::filesystem::path& file);
     void refreshCaches();
     void setWeatherSlidersEnabled(bool enabled);
     void setNightControlsEnabled(bool enabled);

@@ -280,19 +280,19 @@ TEST_F(Weather, PresetsAndTheSessionKeepTheRecord) {
     // The default cannot go; another can, after asking.
     e.presetBox.setText("Default");
     e.deleteButton.click();
-    EXPECT_EQ(h.dialogs.messages().back(), Frmevolve::kDefaultUndeletableText);
+    EXPECT_EQ(h.dialogs.messages().back(), PresetTexts{}.defaultUndeletable);
     e.presetBox.setText("Drizzle");
     h.dialogs.answerYesNo(true);
     e.deleteButton.click();
     EXPECT_EQ(e.presetBox.items(), L{"Default"});
-    EXPECT_EQ(e.presetBox.text(), Frmevolve::kNoPresetSelected);
+    EXPECT_EQ(e.presetBox.text(), PresetTexts{}.noneSelected);
 
     // A damaged preset changes nothing and says so.
     h.writeFile("config/evolve/Broken.rvf", "1,2,3\r\n");
-    e.refillPresets();
+    e.presets.refill();
     const std::string before = e.record();
     e.presetBox.setListIndex(e.presetBox.find("Broken"));
-    EXPECT_EQ(h.dialogs.messages().back(), Frmevolve::kPresetProblemText);
+    EXPECT_EQ(h.dialogs.messages().back(), PresetTexts{}.loadProblem);
     EXPECT_EQ(e.record().substr(0, 40), before.substr(0, 40));
 
     // The session: the next start reads evo.ini, the toggles staying off.
