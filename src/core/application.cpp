@@ -32,7 +32,8 @@ Application::Application(const Platform& platform)
       Form33(*this, frmcustom, "Custom Randomize Settings", {}),
       Frmsoundindent(*this),
       FRMOPTIONS(*this),
-      frmevolve(*this) {}
+      frmevolve(*this),
+      frmbwave(*this) {}
 
 Application::~Application() = default;
 
@@ -111,6 +112,7 @@ void Application::unloadPanels() {
     frmcustom.unload();
     Frmsoundindent.unload();
     frmevolve.unload();
+    frmbwave.unload();
     FRMOPTIONS.unload();
     STARTUP.unload();
 }

@@ -21,6 +21,7 @@
 #include "banks/random/identify_panel.h"
 #include "banks/random/random_bank.h"
 #include "banks/random/randomize_settings.h"
+#include "brainwaves/frmbwave.h"
 #include "core/frmmain.h"
 #include "core/mix_group.h"
 #include "core/options_panel.h"
@@ -112,6 +113,8 @@ class Application {
     TipsPanel Formtips;
     // Rain, thunder and the night, driving bank one, bank two and the random banks.
     Frmevolve frmevolve;
+    // The beat generator.
+    Frmbwave frmbwave;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();

@@ -124,6 +124,7 @@ void Frmmain::load() {
     app_.Frmsoundindent.load();
     app_.FRMOPTIONS.load();
     app_.frmevolve.load();
+    app_.frmbwave.load();
 
     // 12. mainb.tmp: group sliders (Master stays low for the intro fade and its saved
     //     value becomes SavedMasterLevel), presets, colours, remote, bank states and
@@ -157,6 +158,7 @@ void Frmmain::load() {
 
     // 20. The intro fade of Master; dobrainwavecheck.
     TimerIntroVolFade.setEnabled(true);
+    dobrainwavecheck();
 
     // 21. The alarm is armed again if it was at the end of the last session.
     // 22. "Auto load previous scenario on startup": the restore command.

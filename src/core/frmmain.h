@@ -126,6 +126,11 @@ class Frmmain {
 
     // Rewrites the live lines from the state of every panel.
     void checklcd();
+    // The Bwaves display: "Disabled", or the beat generator's preset while it plays,
+    // with the range the beat generator last named.
+    void dobrainwavecheck();
+    // The beat's range as the beat generator names it, "None" before it has.
+    Label brainwaveRange;
     // Rewrites display 4 from the weather and night status words.
     void updatelcd4();
     // Shows the scheduler's playlist name in the "Playlist" field.

@@ -23,7 +23,6 @@ void Frmmain::wireConsole() {
         button.setCaption(caption);
         button.setEnabled(false);
     };
-    placeholder(brainwavesButton, "Brainwaves");
     placeholder(mp3Button, "MP3");
     placeholder(cdButton, "CD");
     placeholder(effectsButton, "Effects");
@@ -37,6 +36,9 @@ void Frmmain::wireConsole() {
     placeholder(switchToControllerButton, "Switch to controller");
     alarmSettingsButton.setToolTip("Alarm settings");
 
+    brainwavesButton.setCaption("Brainwaves");
+    brainwavesButton.setToolTip("Binaural beats: two tones a little apart, one in each ear");
+    brainwavesButton.onClick = [this] { app_.frmbwave.window.show(); };
     evolveButton.setCaption("Evolve");
     evolveButton.setToolTip("Rain, thunder and the night coming by themselves");
     evolveButton.onClick = [this] { app_.frmevolve.window.show(); };

@@ -32,7 +32,6 @@ bool isFolder(const fs::path& path) {
     return fs::is_directory(path, ec);
 }
 
-
 // The information text, each line ended in CR LF whatever the file used.
 std::string readInformation(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -186,6 +185,7 @@ void Frmmain::doload(const std::string& name, const fs::path& from) {
     LCD1.setLine(3, name);
     checklcd();
     carry.remoteCaption = kRemoteScenarioPrefix + name;
+    dobrainwavecheck();
     LCD4.setLine(3, "Static");
     LCD4.setLine(4, "Disabled");
 }
@@ -316,8 +316,9 @@ bool Frmmain::dosave(const std::string& name) {
     saved &= app_.frmrandommain2.dosave(member(ScenarioMember::RandomTwo));
     saved &= app_.frmrandommain3.dosave(member(ScenarioMember::RandomThree));
     saved &= app_.frmrandommain4.dosave(member(ScenarioMember::RandomFour));
-    // The colour scheme (9) and the beat generator (13) write their members here once
-    // they are in the program; the scheme's second copy (7) follows the main settings.
+    // The colour scheme (9) writes its member here once it is in the program; the
+    // scheme's second copy (7) follows the main settings.
+    saved &= app_.frmbwave.dosave(member(ScenarioMember::Brainwaves));
     saved &= app_.frmevolve.dosave(member(ScenarioMember::Weather));
     saved &= writeFileAtomically(member(ScenarioMember::Main),
                                  writeScenarioMainFile(scenarioMainRecord()));

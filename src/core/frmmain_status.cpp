@@ -42,6 +42,7 @@ void Frmmain::wireStatus() {
     LCD6.setLine(4, "Disabled");
     LCD8.setLine(3, "Disabled");
     LCD8.setLine(4, "None");
+    brainwaveRange.setCaption("None");
     updatelcd4();
 
     // The Identify panel keeps the latest sound current; the display follows it.
@@ -82,6 +83,16 @@ void Frmmain::checklcd() {
     LCD5.setLine(3, list.empty() ? std::string("Unassigned") : "Presets: " + list);
     // LCD7 follows the Identify panel on its own, and a scenario load's "Waiting...."
     // stands on it until the next sound: a refresh leaves it alone.
+}
+
+void Frmmain::dobrainwavecheck() {
+    if (app_.frmbwave.playing()) {
+        const std::string& preset = app_.frmbwave.presetBox.text();
+        LCD8.setLine(3, preset.empty() ? std::string("Custom") : preset);
+    } else {
+        LCD8.setLine(3, "Disabled");
+    }
+    LCD8.setLine(4, brainwaveRange.caption());
 }
 
 void Frmmain::updatelcd4() {

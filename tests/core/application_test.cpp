@@ -38,9 +38,9 @@ TEST(StartUp, SplashHandsOverToTheLoadWhichOpensTheEngineThenLoadsEveryBankInSlo
     }
     EXPECT_TRUE(app.Frmsoundindent.Timer1.enabled());
 
-    // Bank 1, 2, 3, 4, each's file run in slot order.
+    // Bank 1, 2, 3, 4, each's file run in slot order; then the beat generator's tones.
     const auto loads = h.engine.callsOf(Op::LoadSample);
-    ASSERT_EQ(loads.size(), 4u * 28u);
+    ASSERT_EQ(loads.size(), 4u * 28u + 2u);
     const std::pair<std::size_t, const char*> files[] = {
         {0, "101.raz"}, {27, "128.raz"}, {28, "51.raz"}, {56, "151.raz"}, {111, "228.raz"}};
     for (const auto& [i, name] : files) {

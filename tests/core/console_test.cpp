@@ -152,8 +152,8 @@ TEST_F(Console, MasterBringsEveryPlayingChannelToTheVolumeLawDownToItsLowerEnd) 
     app.frmmain.Master.setValue(73);
     expectChannelsAtTheLaw();
     // Each bank's pass, once: 27 slots of each fixed bank (never slot 1), all 28 of the
-    // custom one, the 17 of each background bank.
-    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), 4u * 27u + 28u + 3u * 17u);
+    // custom one, the 17 of each background bank; and the beat generator's pair.
+    EXPECT_EQ(h.engine.callsOf(Op::SetVolume).size(), 4u * 27u + 28u + 3u * 17u + 2u);
 
     // A hand pushing Master past its lower end stops at 1, and 1 still sounds.
     app.frmmain.Master.setValue(-20);
@@ -233,7 +233,7 @@ TEST_F(Console, DisplaysShowTheirIdleTextsThenTheStateOfThePanels) {
     EXPECT_EQ(lines(c.LCD4), (L{"Weather", "Night", "Static", "Disabled"}));
     EXPECT_EQ(lines(c.LCD5), (L{"Preset", "", "Unassigned", ""}));
     EXPECT_EQ(lines(c.LCD6), (L{"Reverb", "Equalizer", "Disabled", "Disabled"}));
-    EXPECT_EQ(lines(c.LCD8), (L{"Bwaves", "", "Disabled", "None"}));
+    EXPECT_EQ(lines(c.LCD8), (L{"Bwaves", "", "Disabled", "Delta"}));
     EXPECT_EQ(c.LCD7.line(1), "Bank");
 
     app.CurrentScenarioName = "Evening Rain";

@@ -112,7 +112,7 @@ TEST_F(BackgroundBankTest, StopAndMasterStopClearEveryCheckBoxAndLeaveTheEngineO
     const auto stops = h.engine.callsOf(Op::Stop);
     ASSERT_EQ(stops.size(), 2u);  // in slot order
     EXPECT_EQ(static_cast<ChannelHandle>(stops[0].a), b.slot(2).channel);
-    EXPECT_EQ(h.engine.loadedCount(), 4u * 28u);  // only the random banks' samples
+    EXPECT_EQ(h.engine.loadedCount(), 4u * 28u + 2u);  // the random banks and the two tones
 
     for (BackgroundBank* bank : app->backgroundBanks()) {
         for (int s = 1; s <= kBackgroundSlots; s += 4) {

@@ -173,7 +173,7 @@ TEST_F(CustomBankTest, ChoosingAFileAsksAgainUntilItIsInsideTheSoundFolderAndRes
     EXPECT_NE(sl.sample, 0u);
 
     sl.on.setValue(1);
-    EXPECT_EQ(h.engine.loadedCount(), 4u * 28u + 1u);  // the chosen copy was given back
+    EXPECT_EQ(h.engine.loadedCount(), 4u * 28u + 2u + 1u);  // the chosen copy was given back
     h.dialogs.answerFile(makeSound("Surf.wav"));
     sl.chooser.click();
     EXPECT_TRUE(sl.on.checked());
