@@ -1,6 +1,6 @@
 // scenariogen: writes the stock scenarios, the first run's soundscape, the stock preset
-// list and the stock weather presets into a folder laid out as the install tree
-// (config/scenarios, config/presets, config/evolve).
+// list, and the stock weather and brainwave presets into a folder laid out as the
+// install tree (config/scenarios, config/presets, config/evolve, config/bwaves).
 //
 //   scenariogen <folder>
 //
@@ -24,6 +24,7 @@
 #include "core/application.h"
 #include "engine/recording_engine.h"
 #include "scenarios/scenario_files.h"
+#include "stock_brainwaves.h"
 #include "stock_scenarios.h"
 #include "stock_weather.h"
 
@@ -54,6 +55,25 @@ class ScratchTree {
     fs::path root_;
 };
 
+// The program on a scratch tree, headless, on virtual time, with a silent engine.
+struct HeadlessProgram {
+    HeadlessProgram()
+        : app(Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random}) {}
+    // Started as the program starts, when a recipe needs its banks.
+    Application& started() {
+        app.start();
+        loop.advance(StartupSplash::kHandOverMs);
+        return app;
+    }
+    ScratchTree tree;
+    RecordingEngine engine;
+    EventLoop loop;
+    ScriptedDialogs dialogs;
+    MemorySettingsStore settings;
+    brevane::Random random{1};
+    Application app;
+};
+
 void applyLoop(Application& app, const stock::Loop& loop) {
     BackgroundBank& bank = loop.bank == 1 ? app.frmback : app.frmback2;
     BackgroundSoundSlot& slot = bank.slot(loop.slot);
@@ -78,16 +98,8 @@ void applyShot(Application& app, const stock::Shot& shot) {
 // The program on a scratch tree with the recipe applied, saved under `name`; its
 // family is copied into `out`, under `savedAs` (the empty name drops the marker).
 bool saveRecipe(const stock::Scenario& recipe, const fs::path& out, const std::string& savedAs) {
-    ScratchTree tree;
-    RecordingEngine engine;
-    EventLoop loop;
-    ScriptedDialogs dialogs;
-    MemorySettingsStore settings;
-    brevane::Random random(1);
-    Application app(Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random});
-    app.start();
-    loop.advance(StartupSplash::kHandOverMs);
-
+    HeadlessProgram program;
+    Application& app = program.started();
     app.frmmain.Background.setValue(recipe.background);
     app.frmmain.Random.setValue(recipe.random);
     for (const stock::Loop& l : recipe.loops) {
@@ -96,11 +108,11 @@ bool saveRecipe(const stock::Scenario& recipe, const fs::path& out, const std::s
     for (const stock::Shot& s : recipe.shots) {
         applyShot(app, s);
     }
-    if (!app.frmmain.dosave(recipe.name) || !dialogs.shown().empty()) {
+    if (!app.frmmain.dosave(recipe.name) || !program.dialogs.shown().empty()) {
         std::fprintf(stderr, "scenariogen: \"%s\" could not be saved\n", recipe.name.c_str());
         return false;
     }
-    const fs::path scratch = tree.root() / kScenarioFolder;
+    const fs::path scratch = program.tree.root() / kScenarioFolder;
     const fs::path target = out / kScenarioFolder;
     fs::create_directories(target);
     for (const auto& entry : fs::directory_iterator(scratch)) {
@@ -153,17 +165,31 @@ bool saveWeatherPreset(Application& app, const stock::WeatherPreset& p, const fs
 }
 
 bool saveWeatherPresets(const fs::path& out) {
-    ScratchTree tree;
-    RecordingEngine engine;
-    EventLoop loop;
-    ScriptedDialogs dialogs;
-    MemorySettingsStore settings;
-    brevane::Random random(1);
     bool ok = true;
     for (const stock::WeatherPreset& preset : stock::weatherPresets()) {
         // A fresh panel for each, so what one preset leaves out stays at the default.
-        Application app(Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random});
-        ok = ok && saveWeatherPreset(app, preset, out);
+        HeadlessProgram program;
+        ok = ok && saveWeatherPreset(program.app, preset, out);
+    }
+    return ok;
+}
+
+bool saveBrainwavePresets(const fs::path& out) {
+    bool ok = true;
+    fs::create_directories(out / Frmbwave::kPresetFolder);
+    for (const stock::BrainwavePreset& p : stock::brainwavePresets()) {
+        HeadlessProgram program;
+        Frmbwave& b = program.app.frmbwave;
+        b.basestart.setValue(p.baseStart);
+        b.beatstart.setValue(p.beatStart);
+        b.Check100.setChecked(p.baseGlide);
+        b.baseminutes.setText(p.baseMinutes);
+        b.baseend.setValue(p.baseEnd);
+        b.Check101.setChecked(p.beatGlide);
+        b.beatminutes.setText(p.beatMinutes);
+        b.beatend.setValue(p.beatEnd);
+        ok = ok &&
+             b.presets.write(out / Frmbwave::kPresetFolder / (p.name + Frmbwave::kPresetExtension));
     }
     return ok;
 }
@@ -185,12 +211,14 @@ int main(int argc, char** argv) {
     fs::create_directories(out / kPresetFolder);
     ok = ok && writeFileAtomically(out / kPresetFolder / (list.name + kPresetListExtension),
                                    writePresetList(list.captions));
-    ok = ok && saveWeatherPresets(out);
+    ok = ok && saveWeatherPresets(out) && saveBrainwavePresets(out);
     if (!ok) {
         return 1;
     }
     std::printf(
-        "scenariogen: %zu scenarios, the preset list \"%s\" and %zu weather presets in %s\n",
-        recipes.size(), list.name.c_str(), stock::weatherPresets().size(), out.string().c_str());
+        "scenariogen: %zu scenarios, the preset list \"%s\", %zu weather and %zu brainwave "
+        "presets in %s\n",
+        recipes.size(), list.name.c_str(), stock::weatherPresets().size(),
+        stock::brainwavePresets().size(), out.string().c_str());
     return 0;
 }
