@@ -63,6 +63,7 @@ class PresetFolder {
     std::function<bool(const std::filesystem::path&)> read;
 
     std::filesystem::path file(const std::string& name) const;
+    const char* defaultName() const { return texts_.defaultName; }
     // The box's entries from the folder; the box's text stays.
     void refill();
     // The entry selected in the box is read; a failure says so.

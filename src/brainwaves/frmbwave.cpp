@@ -229,17 +229,20 @@ void Frmbwave::load() {
     rightSample = engine.loadSample(app_.appPath / kRightTone);
     applyVolume();
     presets.refill();
+    // A panel as it comes stands on the default preset's values: it says so.
+    std::string name = presets.defaultName();
     if (const auto kept = readWholeFile(app_.appPath / kSessionFile)) {
         RecordReader reader(*kept);
-        const std::string name = reader.readText();
+        std::string keptName = reader.readText();
         if (reader.ok()) {
-            const int index = presetBox.find(name);
-            if (index >= 0) {
-                presetBox.setListIndex(index);
-            } else {
-                presetBox.setText(name);
-            }
+            name = std::move(keptName);
         }
+    }
+    const int index = presetBox.find(name);
+    if (index >= 0) {
+        presetBox.setListIndex(index);
+    } else {
+        presetBox.setText(name);
     }
     for (Slider* s : {&basefreq, &slideroffset, &baseend, &basestart, &beatend, &beatstart}) {
         s->fireChange();

@@ -325,7 +325,7 @@ void Frmevolve::load() {
     } else {
         // A panel as it comes holds the default preset's values: it says so, and the
         // console's weather line shows that name once the weather is on.
-        presetBox.setText(kDefaultPreset);
+        presetBox.setText(presets.defaultName());
     }
     position = readWindowPosition(app_.settings, kSettingsSection, kTopOffset);
 }

@@ -49,7 +49,6 @@ class Frmevolve {
     static constexpr const char* kSessionFile = "evo.ini";
     static constexpr const char* kPresetFolder = "config/evolve";
     static constexpr const char* kPresetExtension = ".rvf";
-    static constexpr const char* kDefaultPreset = "Default";
     static constexpr const char* kEnableWeather = "Enable Changeable Weather";
     static constexpr const char* kDisableWeather = "Disable Changeable Weather";
     static constexpr const char* kEnableNight = "Enable Night Transition";

@@ -247,6 +247,16 @@ void bindWidget(TextBox& control, QPlainTextEdit& widget) {
     });
 }
 
+void bindWidget(TextBox& control, QLabel& widget, const QString& suffix) {
+    widget.setTextFormat(Qt::PlainText);
+    new Binding(control, widget, [&control, &widget, suffix] {
+        const QString text = qtDisplayText(control.text()) + suffix;
+        if (widget.text() != text) {
+            widget.setText(text);
+        }
+    });
+}
+
 void bindWidget(ComboBox& control, QComboBox& widget) {
     widget.setInsertPolicy(QComboBox::NoInsert);
     if (widget.isEditable()) {

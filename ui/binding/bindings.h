@@ -19,6 +19,8 @@
 // only. Make a combo box editable, and choose a slider's orientation and direction,
 // before binding it.
 
+#include <QString>
+
 #include "base/controls.h"
 
 class QAbstractSlider;
@@ -48,6 +50,8 @@ void bindWidget(CommandButton& control, QPushButton& widget);
 void bindWidget(TextBox& control, QLineEdit& widget);
 // A text to read, not to type: the widget is made read-only.
 void bindWidget(TextBox& control, QPlainTextEdit& widget);
+// A text shown as a label, with `suffix` (a unit) after it.
+void bindWidget(TextBox& control, QLabel& widget, const QString& suffix = {});
 // Editable or not; an editable box never adds typed text to its list, the list is
 // the control's.
 void bindWidget(ComboBox& control, QComboBox& widget);

@@ -7,13 +7,14 @@
 #include "ui/banks/random/form3_view.h"
 #include "ui/banks/random/identify_view.h"
 #include "ui/banks/random/random_bank_view.h"
+#include "ui/brainwaves/bwave_view.h"
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
-#include "ui/weather/evolve_view.h"
-#include "ui/core/tray_view.h"
 #include "ui/core/splash_view.h"
 #include "ui/core/tips_view.h"
+#include "ui/core/tray_view.h"
+#include "ui/weather/evolve_view.h"
 #include "ui/widgets/program_icon.h"
 
 namespace brevane {
@@ -36,6 +37,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.Frmsoundindent.window, std::make_unique<IdentifyView>(app.Frmsoundindent));
     add(app.FRMOPTIONS.window, std::make_unique<OptionsView>(app.FRMOPTIONS));
     add(app.frmevolve.window, std::make_unique<EvolveView>(app.frmevolve));
+    add(app.frmbwave.window, std::make_unique<BwaveView>(app.frmbwave));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     bindProgramHotkeys(app, *mainWindow_);
 

@@ -15,47 +15,13 @@
 #include "ui/core/kept_window_position.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/platform/qt_text.h"
+#include "ui/widgets/slider_row.h"
 #include "ui/widgets/style.h"
 #include "weather/frmevolve.h"
 
 namespace brevane {
 
 namespace {
-
-constexpr int kSliderWidth = 180;
-
-QSlider* slider(Slider& control, const QString& name, QWidget* parent) {
-    auto* s = new QSlider(Qt::Horizontal, parent);
-    s->setMinimumWidth(kSliderWidth);
-    s->setAccessibleName(name);
-    s->setPageStep(std::max(1, (control.high() - control.low()) / 10));
-    bindWidget(control, *s);
-    return s;
-}
-
-QLabel* valueLabel(Slider& control, QWidget* parent, const QString& widest) {
-    auto* value = new QLabel(parent);
-    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(widest) + style::kSpacing);
-    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    showValue(control, *value);
-    return value;
-}
-
-// One row of a grid: the caption, the slider and its value.
-void sliderRow(QGridLayout& grid, int row, Slider& control, const QString& caption,
-               QWidget* parent) {
-    grid.addWidget(new QLabel(caption, parent), row, 0);
-    grid.addWidget(slider(control, caption, parent), row, 1);
-    grid.addWidget(valueLabel(control, parent, QStringLiteral("0000")), row, 2);
-}
-
-QLabel* heading(const QString& text, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    return label;
-}
 
 QWidget* weatherSection(Frmevolve& panel, QWidget* parent) {
     auto* box = new QGroupBox(QStringLiteral("Rain and thunder"), parent);
@@ -70,7 +36,7 @@ QWidget* weatherSection(Frmevolve& panel, QWidget* parent) {
     };
     int row = 0;
     const auto rows = [&](const QString& title, std::initializer_list<Row> list) {
-        grid->addWidget(heading(title, box), row++, 0, 1, 3);
+        grid->addWidget(boldLabel(title, box), row++, 0, 1, 3);
         for (const Row& r : list) {
             sliderRow(*grid, row++, *r.control, QString::fromUtf8(r.caption), box);
         }
@@ -101,7 +67,8 @@ QWidget* nightSection(Frmevolve& panel, QWidget* parent) {
     auto* timing = new QGridLayout();
     timing->setHorizontalSpacing(style::kSectionGap);
     timing->addWidget(new QLabel(QStringLiteral("Delay before Transition"), box), 0, 0);
-    timing->addWidget(slider(panel.delay, QStringLiteral("Delay before Transition"), box), 0, 1);
+    timing->addWidget(horizontalSlider(panel.delay, QStringLiteral("Delay before Transition"), box),
+                      0, 1);
     auto* minutes = new QLabel(box);
     minutes->setMinimumWidth(minutes->fontMetrics().horizontalAdvance(QStringLiteral("120 min")));
     minutes->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -114,8 +81,8 @@ QWidget* nightSection(Frmevolve& panel, QWidget* parent) {
     // What the night brings: each group with how much of it and how loud.
     auto* groups = new QGridLayout();
     groups->setHorizontalSpacing(style::kSectionGap);
-    groups->addWidget(heading(QStringLiteral("Amount"), box), 0, 1, 1, 2);
-    groups->addWidget(heading(QStringLiteral("Volume"), box), 0, 3, 1, 2);
+    groups->addWidget(boldLabel(QStringLiteral("Amount"), box), 0, 1, 1, 2);
+    groups->addWidget(boldLabel(QStringLiteral("Volume"), box), 0, 3, 1, 2);
     struct Group {
         CheckBox* check;
         Slider* amount;
@@ -135,10 +102,12 @@ QWidget* nightSection(Frmevolve& panel, QWidget* parent) {
         const QString name = check->text();
         groups->addWidget(check, row, 0);
         if (g.amount != nullptr) {
-            groups->addWidget(slider(*g.amount, name + QStringLiteral(" amount"), box), row, 1);
+            groups->addWidget(horizontalSlider(*g.amount, name + QStringLiteral(" amount"), box),
+                              row, 1);
             groups->addWidget(valueLabel(*g.amount, box, QStringLiteral("000")), row, 2);
         }
-        groups->addWidget(slider(*g.volume, name + QStringLiteral(" volume"), box), row, 3);
+        groups->addWidget(horizontalSlider(*g.volume, name + QStringLiteral(" volume"), box), row,
+                          3);
         groups->addWidget(valueLabel(*g.volume, box, QStringLiteral("000")), row, 4);
         ++row;
     }
