@@ -13,6 +13,7 @@
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
 #include "ui/core/qt_desktop.h"
+#include "ui/platform/logind_power.h"
 #include "ui/platform/qt_dialogs.h"
 #include "ui/platform/qt_event_loop_driver.h"
 #include "ui/platform/qt_settings_store.h"
@@ -51,6 +52,7 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
     random.reseedFromClock();
     QtProgramLauncher launcher;
     QtDesktopServices desktop;
+    LogindPower power;
     XdgAutostartEntry autostart(XdgAutostartEntry::defaultFolder(),
                                 pathFromQt(QCoreApplication::applicationFilePath()));
     Application app(Platform{.appPath = appPath,
@@ -61,7 +63,8 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
                              .random = random,
                              .autostart = &autostart,
                              .launcher = launcher,
-                             .desktop = desktop});
+                             .desktop = desktop,
+                             .power = power});
     running = &app;
     ApplicationViews views(app);
     // The close button is the console's quit command: it asks "Really Quit?" when the

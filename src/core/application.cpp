@@ -18,6 +18,7 @@ Application::Application(const Platform& platform)
       autostart(platform.autostart),
       launcher(platform.launcher),
       desktop(platform.desktop),
+      power(platform.power),
       STARTUP(*this),
       frmmain(*this),
       frmback(*this, backgroundBankConfig(BackgroundBankId::One)),
@@ -33,7 +34,8 @@ Application::Application(const Platform& platform)
       Frmsoundindent(*this),
       FRMOPTIONS(*this),
       frmevolve(*this),
-      frmbwave(*this) {}
+      frmbwave(*this),
+      Alarm(*this) {}
 
 Application::~Application() = default;
 
@@ -99,6 +101,7 @@ void Application::unloadPanels() {
     // frmaddscenariodirectory, frmback, frmback2, frmbackcustom, frmbwave, frmcd,
     // Frmcolorpicker, and the remaining panels. Each bank writes its session copy as it
     // unloads.
+    Alarm.unload();
     frmmain.unload();
     Form3.unload();
     Form33.unload();

@@ -28,6 +28,7 @@
 #include "core/platform.h"
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
+#include "scheduling/alarm_panel.h"
 #include "weather/frmevolve.h"
 
 namespace brevane {
@@ -56,6 +57,7 @@ class Application {
     AutostartEntry* const autostart;
     ProgramLauncher& launcher;
     DesktopServices& desktop;
+    SystemPower& power;
 
     // Values the panels share.
     // Which random bank the console's "Random" button shows: 1 to 4, 5 the custom bank.
@@ -115,6 +117,8 @@ class Application {
     Frmevolve frmevolve;
     // The beat generator.
     Frmbwave frmbwave;
+    // The alarm clock.
+    AlarmPanel Alarm;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();

@@ -14,6 +14,12 @@ class UnavailableDesktop final : public DesktopServices {
     bool openDocument(const std::filesystem::path&) override { return false; }
 };
 
+class UnavailablePower final : public SystemPower {
+  public:
+    bool schedulePowerOff(std::chrono::seconds) override { return false; }
+    void holdAwake(bool) override {}
+};
+
 }  // namespace
 
 ProgramLauncher& unavailableProgramLauncher() {
@@ -24,6 +30,11 @@ ProgramLauncher& unavailableProgramLauncher() {
 DesktopServices& unavailableDesktopServices() {
     static UnavailableDesktop desktop;
     return desktop;
+}
+
+SystemPower& unavailableSystemPower() {
+    static UnavailablePower power;
+    return power;
 }
 
 }  // namespace brevane

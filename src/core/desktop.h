@@ -10,6 +10,7 @@
 // Thread: called on the event thread only. Neither call waits for the started program
 // or the opened document.
 
+#include <chrono>
 #include <filesystem>
 
 namespace brevane {
@@ -30,8 +31,21 @@ class DesktopServices {
     virtual bool openDocument(const std::filesystem::path& document) = 0;
 };
 
+// The machine's power, through the desktop's login manager.
+class SystemPower {
+  public:
+    virtual ~SystemPower() = default;
+    // Asks for the machine to power off `delay` from now; the request outlives this
+    // program. False when it was refused or nobody was there to ask.
+    virtual bool schedulePowerOff(std::chrono::seconds delay) = 0;
+    // Holds the machine awake (no suspend) while `hold` is true; false lets it go.
+    // Asking twice for the same is asking once.
+    virtual void holdAwake(bool hold) = 0;
+};
+
 // Shared instances that refuse every request; stateless, so safe to share.
 ProgramLauncher& unavailableProgramLauncher();
 DesktopServices& unavailableDesktopServices();
+SystemPower& unavailableSystemPower();
 
 }  // namespace brevane

@@ -101,6 +101,7 @@ void Frmmain::load() {
     // 7. The console's window border style.
     // 8. The alarm-off command runs once, so the alarm starts disarmed; the
     //    alarm-running flag is cleared.
+    app_.Alarm.alarmOff();
     // 9. AppPath ends in a separator (AppPath::text() always does).
     // 10. The scenario list fills from config/scenarios, and with it the tray
     //     menu's scenario entries.
@@ -125,6 +126,7 @@ void Frmmain::load() {
     app_.FRMOPTIONS.load();
     app_.frmevolve.load();
     app_.frmbwave.load();
+    app_.Alarm.load();
 
     // 12. mainb.tmp: group sliders (Master stays low for the intro fade and its saved
     //     value becomes SavedMasterLevel), presets, colours, remote, bank states and
@@ -161,6 +163,9 @@ void Frmmain::load() {
     dobrainwavecheck();
 
     // 21. The alarm is armed again if it was at the end of the last session.
+    if (app_.AlarmArmed == "True") {
+        app_.Alarm.alarmOn();
+    }
     // 22. "Auto load previous scenario on startup": the restore command.
     if (app_.FRMOPTIONS.previousScenario.checked()) {
         restoreCommand.click();

@@ -27,14 +27,17 @@ void Frmmain::wireConsole() {
     placeholder(cdButton, "CD");
     placeholder(effectsButton, "Effects");
     placeholder(scheduleButton, "Schedule");
-    placeholder(alarmSettingsButton, "...");
-    placeholder(alarmOnButton, "Alarm On");
-    placeholder(alarmOffButton, "Alarm Off");
     placeholder(colorsButton, "Colors");
     placeholder(importButton, "Import");
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
+    alarmSettingsButton.setCaption("...");
     alarmSettingsButton.setToolTip("Alarm settings");
+    alarmSettingsButton.onClick = [this] { app_.Alarm.window.show(); };
+    alarmOnButton.setCaption("Alarm On");
+    alarmOnButton.onClick = [this] { app_.Alarm.alarmOn(); };
+    alarmOffButton.setCaption("Alarm Off");
+    alarmOffButton.onClick = [this] { app_.Alarm.alarmOff(); };
 
     brainwavesButton.setCaption("Brainwaves");
     brainwavesButton.setToolTip("Binaural beats: two tones a little apart, one in each ear");

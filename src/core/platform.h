@@ -35,6 +35,8 @@ struct Platform {
     ProgramLauncher& launcher = unavailableProgramLauncher();
     // Opens documents with the desktop's handler ("Help").
     DesktopServices& desktop = unavailableDesktopServices();
+    // Powers the machine off after an alarm, and keeps it awake while one is due.
+    SystemPower& power = unavailableSystemPower();
 };
 
 }  // namespace brevane

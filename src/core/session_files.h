@@ -148,6 +148,9 @@ struct SessionCarry {
     std::array<bool, 2> remoteOptions{};
     std::array<int, 2> remoteScrolls{};
     std::string brainwaveList;
+    // The remote's alarm line ("Alarm: Off", "Alarm: 07:30:00", "Alarm Playing"); kept
+    // for the remote, in no file.
+    std::string remoteAlarmLabel = "Alarm: Not Set";
 };
 
 std::string writeSoundCardFile(int soundCardIndex);

@@ -34,7 +34,9 @@ class AppHarness {
     Application& build() {
         if (!app) {
             app = std::make_unique<Application>(
-                Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random});
+                Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random, nullptr,
+                         unavailableProgramLauncher(), unavailableDesktopServices(),
+                         power != nullptr ? *power : unavailableSystemPower()});
             app->onExit = [this](ExitKind kind) { exits.push_back(kind); };
         }
         return *app;
@@ -70,6 +72,8 @@ class AppHarness {
     ScriptedDialogs dialogs;
     MemorySettingsStore settings;
     brevane::Random random;
+    // The machine's power as the Application sees it; set before build() to record.
+    SystemPower* power = nullptr;
     std::unique_ptr<Application> app;
     std::vector<ExitKind> exits;
 };
