@@ -46,6 +46,11 @@ class FieldTaker {
     void truth(bool& out) {
         take(out, [this] { return reader_.readTruth(); });
     }
+    // A field kept empty: read and let go.
+    void empty() {
+        std::string ignored;
+        text(ignored);
+    }
 
     int fields() const { return fields_; }
 
@@ -76,6 +81,7 @@ class FieldGiver {
     void text(const std::string& value) { end(writer_.text(value)); }
     void number(int value) { end(writer_.number(value)); }
     void truth(bool value) { end(writer_.truth(value)); }
+    void empty() { end(writer_.empty()); }
     std::string record() {
         if (!recordPerField_) {
             writer_.endRecord();

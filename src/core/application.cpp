@@ -35,7 +35,9 @@ Application::Application(const Platform& platform)
       FRMOPTIONS(*this),
       frmevolve(*this),
       frmbwave(*this),
-      Alarm(*this) {}
+      Alarm(*this),
+      Timers(*this),
+      frmaddscenariodirectory(*this) {}
 
 Application::~Application() = default;
 
@@ -95,6 +97,10 @@ void Application::placeLike(const PanelWindow& target, const PanelWindow& refere
     }
 }
 
+void Application::keepAwake() {
+    power.holdAwake(Alarm.armed == 1 || Timers.changeDue());
+}
+
 void Application::unloadPanels() {
     // In turn: Alarm, folderselect, Form1, Form2, Form3, Form33, form999,
     // formexportscen, Formfolderselect, Formmp3adddir, Formtips,
@@ -102,6 +108,7 @@ void Application::unloadPanels() {
     // Frmcolorpicker, and the remaining panels. Each bank writes its session copy as it
     // unloads.
     Alarm.unload();
+    frmaddscenariodirectory.unload();
     frmmain.unload();
     Form3.unload();
     Form33.unload();
@@ -116,8 +123,11 @@ void Application::unloadPanels() {
     Frmsoundindent.unload();
     frmevolve.unload();
     frmbwave.unload();
+    Timers.unload();
     FRMOPTIONS.unload();
     STARTUP.unload();
+    // Nothing is due once the panels are gone.
+    power.holdAwake(false);
 }
 
 }  // namespace brevane

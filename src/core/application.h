@@ -29,6 +29,7 @@
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
 #include "scheduling/alarm_panel.h"
+#include "scheduling/scheduler_panel.h"
 #include "weather/frmevolve.h"
 
 namespace brevane {
@@ -119,6 +120,9 @@ class Application {
     Frmbwave frmbwave;
     // The alarm clock.
     AlarmPanel Alarm;
+    // The scheduler, and its folder chooser.
+    SchedulerPanel Timers;
+    ScenarioFolderPanel frmaddscenariodirectory;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();
@@ -150,6 +154,10 @@ class Application {
     // (headless) nothing moves.
     std::function<void(const PanelWindow& target, const PanelWindow& reference)> placeWindow;
     void placeLike(const PanelWindow& target, const PanelWindow& reference);
+
+    // Holds the machine awake while the alarm or the scheduler has something to do,
+    // and lets it go when neither has.
+    void keepAwake();
 
     // The last act of the quit: every panel unloads in turn.
     void unloadPanels();

@@ -153,7 +153,9 @@ void Frmmain::load() {
     // 17. The tray icon, tooltip "Brevane", menu mnutray.
     trayIcon.setToolTip(kTrayToolTip);
     trayIcon.setVisible(true);
-    // 18. Timers loads hidden, its Command3_Click runs; frmeffects loads hidden.
+    // 18. Timers loads hidden and its schedule runs from here; frmeffects loads hidden.
+    app_.frmaddscenariodirectory.load();
+    app_.Timers.load();
     // 19. "Static" and "Disabled" on the weather and night lines.
     LCD4.setLine(3, "Static");
     LCD4.setLine(4, "Disabled");

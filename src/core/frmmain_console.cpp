@@ -26,11 +26,13 @@ void Frmmain::wireConsole() {
     placeholder(mp3Button, "MP3");
     placeholder(cdButton, "CD");
     placeholder(effectsButton, "Effects");
-    placeholder(scheduleButton, "Schedule");
     placeholder(colorsButton, "Colors");
     placeholder(importButton, "Import");
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
+    scheduleButton.setCaption("Schedule");
+    scheduleButton.setToolTip("Change the scenario at chosen times, or from a playlist");
+    scheduleButton.onClick = [this] { app_.Timers.show(); };
     alarmSettingsButton.setCaption("...");
     alarmSettingsButton.setToolTip("Alarm settings");
     alarmSettingsButton.onClick = [this] { app_.Alarm.window.show(); };

@@ -198,7 +198,8 @@ void Frmmain::readMainbAtLoad() {
         PresetListName = r.presetListName;
     }
     if (read.has(43)) {
-        carry.schedulerCaption = r.schedulerCaption;
+        app_.Timers.playlistName.setCaption(r.schedulerCaption);
+        updatelcdplaylist(r.schedulerCaption);
     }
     for (int i = 0; i < 2; ++i) {
         const auto u = static_cast<std::size_t>(i);
@@ -349,7 +350,7 @@ MainbRecord Frmmain::mainbRecord() const {
     r.scenarioName = app_.CurrentScenarioName;
     r.presetListName = PresetListName;
     r.remoteCaptionAgain = carry.remoteCaption;
-    r.schedulerCaption = carry.schedulerCaption;
+    r.schedulerCaption = app_.Timers.playlistName.caption();
     r.remoteTexts = carry.remoteTexts;
     r.remoteOptions = carry.remoteOptions;
     r.remoteScrolls = carry.remoteScrolls;

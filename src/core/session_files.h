@@ -143,11 +143,13 @@ struct SessionCarry {
     std::string remoteScenarioCaption;
     std::string slideshowSecondEntry;
     std::string scenarioFlag;
-    std::string schedulerCaption;
     std::array<std::string, 2> remoteTexts{};
     std::array<bool, 2> remoteOptions{};
     std::array<int, 2> remoteScrolls{};
     std::string brainwaveList;
+    // The remote's scheduler line ("Scheduler Off", "Scheduler: On - Next: 5mins"); kept
+    // for the remote, in no file.
+    std::string remoteSchedulerLabel = "Scheduler Off";
     // The remote's alarm line ("Alarm: Off", "Alarm: 07:30:00", "Alarm Playing"); kept
     // for the remote, in no file.
     std::string remoteAlarmLabel = "Alarm: Not Set";

@@ -181,8 +181,8 @@ std::string AlarmPanel::alarmTime() const {
 
 void AlarmPanel::setArmed(int value) {
     armed = value;
-    // Awake while the alarm is due, and only then.
-    app_.power.holdAwake(armed == 1);
+    // Awake while the alarm is due, or a scheduled change.
+    app_.keepAwake();
 }
 
 void AlarmPanel::refresh() {

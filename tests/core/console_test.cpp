@@ -229,7 +229,8 @@ TEST_F(Console, DisplaysShowTheirIdleTextsThenTheStateOfThePanels) {
     };
     EXPECT_EQ(lines(c.LCD1), (L{"Scenario", "Previous", "", "N/A"}));
     EXPECT_EQ(lines(c.LCD2), (L{"Time", "Alarm", "", "Disabled "}));
-    EXPECT_EQ(lines(c.LCD3), (L{"Scheduler", "Playlist", "Disabled", "N/A"}));
+    // The scheduler's interval stands on the playlist line until a mode is chosen.
+    EXPECT_EQ(lines(c.LCD3), (L{"Scheduler", "Playlist", "Disabled", "5 min"}));
     EXPECT_EQ(lines(c.LCD4), (L{"Weather", "Night", "Static", "Disabled"}));
     EXPECT_EQ(lines(c.LCD5), (L{"Preset", "", "Unassigned", ""}));
     EXPECT_EQ(lines(c.LCD6), (L{"Reverb", "Equalizer", "Disabled", "Disabled"}));

@@ -100,7 +100,7 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
                   "\"\",\"\",\"\",\"\",\"\",\"\",\"\","
                   "#FALSE#,#TRUE#,"
                   "\"Night Sea\",\"Night Sea\",\"Thunder\","
-                  "\"Summer Storm\",\"\",\"\",\"\","
+                  "\"Summer Storm\",\"\",\"\",\"Not Named\","
                   "\"\",\"\",#FALSE#,#FALSE#,0,0,\"\"\r\n");
     EXPECT_EQ(fileText(at("opti.tmp")), "1,1,1,1,1,\"60\",0,0,0\r\n");
     ASSERT_EQ(records.size(), 8u);

@@ -8,41 +8,15 @@
 #include <chrono>
 #include <vector>
 
-#include "core/app_harness.h"
-#include "core/application.h"
-#include "engine/recording_engine.h"
+#include "scheduling/clock_fixture.h"
 
 namespace brevane {
 namespace {
 
 using Op = RecordingEngine::Op;
 
-class RecordingPower final : public SystemPower {
-  public:
-    bool schedulePowerOff(std::chrono::seconds delay) override {
-        powerOffs.push_back(delay);
-        return true;
-    }
-    void holdAwake(bool hold) override {
-        if (awake.empty() || awake.back() != hold) {
-            awake.push_back(hold);
-        }
-    }
-    std::vector<std::chrono::seconds> powerOffs;
-    std::vector<bool> awake;  // each change of the hold
-};
-
-class AlarmClock : public ::testing::Test {
+class AlarmClock : public test::ClockFixture {
   protected:
-    void SetUp() override {
-        h.power = &power;
-        h.writeFile("main.tmp", "\"False\",\"\",0,0,\"\",\"\",\"\",0\r\n");
-        h.build();
-        h.loop.setWallClockStart(LocalTime{2026, 11, 24, 2, 7, 29, 50});
-        app = &h.startAndLoad();
-        // The clock's ticks fall on whole seconds of the wall clock from here on.
-        h.loop.advance(1000 - h.loop.now() % 1000);
-    }
     AlarmPanel& alarm() { return app->Alarm; }
     // Sets 07:30 and the alarm on.
     void armForHalfPastSeven() {
@@ -50,20 +24,10 @@ class AlarmClock : public ::testing::Test {
         alarm().Text2.setText("30");
         app->frmmain.alarmOnButton.click();
     }
-    // Runs the clock to just after its tick in the second 07:30:00.
-    void runToHalfPastSeven() {
-        while (h.loop.timeOfDay() != "07:30:00") {
-            h.loop.advance(10);
-        }
-        h.loop.advance(AlarmPanel::kClockMs - 10);
-    }
+    void runToHalfPastSeven() { runTo("07:30:00"); }
     const RecordingEngine::ChannelState* alarmChannel() {
         return h.engine.channel(alarm().channel);
     }
-
-    RecordingPower power;
-    test::AppHarness<RecordingEngine> h;
-    Application* app = nullptr;
 };
 
 TEST_F(AlarmClock, FiresAtSecondZeroPlaysItsDurationAndASecondMoreThenIsOff) {

@@ -275,6 +275,10 @@ void bindWidget(ComboBox& control, QComboBox& widget) {
         if (widget.isEditable() && widget.currentText() != qtText(control.text())) {
             widget.setEditText(qtText(control.text()));
         }
+        // A box with no entry chosen still shows the control's text, greyed.
+        if (!widget.isEditable() && widget.placeholderText() != qtText(control.text())) {
+            widget.setPlaceholderText(qtText(control.text()));
+        }
     });
     QObject::connect(
         &widget, &QComboBox::currentIndexChanged, binding,
@@ -305,6 +309,10 @@ void bindWidget(ListBox& control, QListWidget& widget) {
     QObject::connect(
         &widget, &QListWidget::currentRowChanged, binding,
         [binding, &control](int row) { binding->edit([&] { control.setListIndex(row); }); });
+}
+
+void bindWidget(Control& control, QWidget& widget) {
+    new Binding(control, widget, [] {});
 }
 
 void bindWidget(Label& control, QLabel& widget) {

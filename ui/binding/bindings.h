@@ -33,6 +33,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
 class QScrollBar;
+class QWidget;
 
 namespace brevane {
 
@@ -58,5 +59,7 @@ void bindWidget(ComboBox& control, QComboBox& widget);
 void bindWidget(ListBox& control, QListWidget& widget);
 // The caption is shown as plain text.
 void bindWidget(Label& control, QLabel& widget);
+// A frame or page of a panel: only shown or hidden, enabled or not.
+void bindWidget(Control& control, QWidget& widget);
 
 }  // namespace brevane

@@ -9,6 +9,7 @@
 #include "ui/banks/random/random_bank_view.h"
 #include "ui/brainwaves/bwave_view.h"
 #include "ui/scheduling/alarm_view.h"
+#include "ui/scheduling/scheduler_view.h"
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
@@ -40,6 +41,9 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.frmevolve.window, std::make_unique<EvolveView>(app.frmevolve));
     add(app.frmbwave.window, std::make_unique<BwaveView>(app.frmbwave));
     add(app.Alarm.window, std::make_unique<AlarmView>(app.Alarm));
+    add(app.Timers.window, std::make_unique<SchedulerView>(app.Timers));
+    add(app.frmaddscenariodirectory.window,
+        std::make_unique<ScenarioFolderView>(app.frmaddscenariodirectory));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     bindProgramHotkeys(app, *mainWindow_);
 

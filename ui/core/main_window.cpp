@@ -309,6 +309,10 @@ class ConsoleWithoutTray final : public QObject {
             const Qt::WindowType type = other->windowType();
             if (other != &window_ && other->isVisible() &&
                 (type == Qt::Window || type == Qt::Dialog)) {
+                // Another window (the first run's tips) stands for the program for now;
+                // when it goes, the console must not go with it.
+                QTimer::singleShot(MainWindow::kTaskBarSettleMs, this,
+                                   [this] { minimizeIfAlone(); });
                 return;
             }
         }

@@ -13,8 +13,8 @@ namespace {
 
 class PanelWindowFollower final : public QObject {
   public:
-    PanelWindowFollower(PanelWindow& panel, QWidget& window, OnClose onClose)
-        : QObject(&window), panel_(panel), window_(window), onClose_(onClose) {
+    PanelWindowFollower(PanelWindow& panel, QWidget& window, std::function<void()> onClose)
+        : QObject(&window), panel_(panel), window_(window), onClose_(std::move(onClose)) {
         window_.installEventFilter(this);
         watchId_ = panel_.watch([this] { show(); });
         show();
@@ -23,10 +23,9 @@ class PanelWindowFollower final : public QObject {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == &window_ && event->type() == QEvent::Close &&
-            onClose_ == OnClose::HidePanel) {
+        if (watched == &window_ && event->type() == QEvent::Close && onClose_) {
             event->ignore();
-            panel_.hide();
+            onClose_();
             return true;
         }
         return QObject::eventFilter(watched, event);
@@ -49,7 +48,7 @@ class PanelWindowFollower final : public QObject {
 
     PanelWindow& panel_;
     QWidget& window_;
-    OnClose onClose_;
+    std::function<void()> onClose_;
     Control::WatchId watchId_ = 0;
 };
 
@@ -73,7 +72,15 @@ class ValueReadout final : public QObject {
 }  // namespace
 
 void followPanelWindow(PanelWindow& panel, QWidget& window, OnClose onClose) {
-    new PanelWindowFollower(panel, window, onClose);
+    std::function<void()> command;
+    if (onClose == OnClose::HidePanel) {
+        command = [&panel] { panel.hide(); };
+    }
+    new PanelWindowFollower(panel, window, std::move(command));
+}
+
+void followPanelWindow(PanelWindow& panel, QWidget& window, std::function<void()> closeCommand) {
+    new PanelWindowFollower(panel, window, std::move(closeCommand));
 }
 
 void showValue(RangeControl& control, QLabel& label) {

@@ -8,6 +8,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 #include "base/controls.h"
 
 class QLabel;
@@ -23,6 +25,9 @@ enum class OnClose {
 
 // Shows or hides `window` with the panel, and titles it with the panel's caption.
 void followPanelWindow(PanelWindow& panel, QWidget& window, OnClose onClose);
+// The same, with the frame's close running the panel's own close command, which may
+// keep the window open (to ask for something first).
+void followPanelWindow(PanelWindow& panel, QWidget& window, std::function<void()> closeCommand);
 
 // Keeps `label` showing the control's value as a number.
 void showValue(RangeControl& control, QLabel& label);
