@@ -43,9 +43,9 @@ void LogindPower::holdAwake(bool hold) {
     if (!manager.isValid()) {
         return;
     }
-    const QDBusReply<QDBusUnixFileDescriptor> reply =
-        manager.call(QStringLiteral("Inhibit"), QStringLiteral("sleep"), QStringLiteral("Brevane"),
-                     QStringLiteral("An alarm is set"), QStringLiteral("block"));
+    const QDBusReply<QDBusUnixFileDescriptor> reply = manager.call(
+        QStringLiteral("Inhibit"), QStringLiteral("sleep"), QStringLiteral("Brevane"),
+        QStringLiteral("An alarm or a scheduled scenario change is due"), QStringLiteral("block"));
     if (reply.isValid()) {
         inhibitor_ = reply.value();
     }
