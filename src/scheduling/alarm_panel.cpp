@@ -78,6 +78,7 @@ AlarmPanel::AlarmPanel(Application& app)
         }
     };
     hscroll2.onChange = [this] { app_.engine.setVolume(channel, hscroll2.value()); };
+    hscroll2.setToolTip("The alarm's loudness; at 0 it plays unheard");
     wavname.setCaption("Current File to be played");
 
     testButton.setCaption("Test Alarm");
@@ -225,6 +226,18 @@ void AlarmPanel::checkalarms() {
         return;
     }
     refresh();
+}
+
+void AlarmPanel::resized(bool minimized) {
+    if (!minimized) {
+        window.setCaption("Alarm Clock");
+        return;
+    }
+    // The medium time: twelve hours, hours and minutes, AM or PM.
+    const LocalTime now = app_.loop.localTime();
+    const int hour12 = now.hour % 12 == 0 ? 12 : now.hour % 12;
+    window.setCaption(twoDigits(hour12) + ":" + twoDigits(now.minute) +
+                      (now.hour < 12 ? " AM" : " PM"));
 }
 
 // ---- the clock ----

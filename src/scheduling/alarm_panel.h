@@ -109,6 +109,10 @@ class AlarmPanel {
     void useDefault();
     void stopAlarm();
 
+    // The window was resized: while minimized its title is the time it went down, so the
+    // task bar shows when it was put away; else "Alarm Clock".
+    void resized(bool minimized);
+
     // "HH:MM:00" from the two texts.
     std::string alarmTime() const;
 

@@ -144,6 +144,13 @@ TEST_F(AlarmClock, AKeptTimeComesBackMirroredAndTheExitsDoNotSurviveARestart) {
     // Armed again from the session, at the mirrored time.
     EXPECT_EQ(alarm().armed, 1);
     EXPECT_EQ(app->frmmain.LCD2.line(4), "16:00:00");
+
+    // Minimized, the window is titled with the time it went down.
+    runTo("16:05:00");
+    alarm().resized(true);
+    EXPECT_EQ(alarm().window.caption(), "04:05 PM");
+    alarm().resized(false);
+    EXPECT_EQ(alarm().window.caption(), "Alarm Clock");
 }
 
 }  // namespace

@@ -269,15 +269,22 @@ void bindWidget(ComboBox& control, QComboBox& widget) {
             widget.clear();
             widget.addItems(entries(control));
         }
-        if (widget.currentIndex() != control.listIndex()) {
-            widget.setCurrentIndex(control.listIndex());
+        // A box that cannot be typed into shows its text as the entry of that text when
+        // none is chosen, or else as the box's own text: it is the value, not a hint.
+        const int shown = control.listIndex() >= 0 || widget.isEditable()
+                              ? control.listIndex()
+                              : control.find(control.text());
+        if (widget.currentIndex() != shown) {
+            widget.setCurrentIndex(shown);
         }
         if (widget.isEditable() && widget.currentText() != qtText(control.text())) {
             widget.setEditText(qtText(control.text()));
         }
-        // A box with no entry chosen still shows the control's text, greyed.
         if (!widget.isEditable() && widget.placeholderText() != qtText(control.text())) {
             widget.setPlaceholderText(qtText(control.text()));
+            QPalette p = widget.palette();
+            p.setColor(QPalette::PlaceholderText, p.color(QPalette::ButtonText));
+            widget.setPalette(p);
         }
     });
     QObject::connect(

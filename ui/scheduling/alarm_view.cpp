@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -58,7 +59,8 @@ QPushButton* button(CommandButton& control, QWidget* parent) {
 
 }  // namespace
 
-AlarmView::AlarmView(AlarmPanel& panel, QWidget* parent) : QWidget(parent, Qt::Window) {
+AlarmView::AlarmView(AlarmPanel& panel, QWidget* parent)
+    : QWidget(parent, Qt::Window), panel_(panel) {
     auto* root = new QVBoxLayout(this);
     root->setContentsMargins(style::kSectionGap, style::kSectionGap, style::kSectionGap,
                              style::kMargin);
@@ -118,6 +120,18 @@ AlarmView::AlarmView(AlarmPanel& panel, QWidget* parent) : QWidget(parent, Qt::W
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
+}
+
+void AlarmView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) {
+        panel_.resized(isMinimized());
+    }
+    QWidget::changeEvent(event);
+}
+
+void AlarmView::showEvent(QShowEvent* event) {
+    panel_.resized(isMinimized());
+    QWidget::showEvent(event);
 }
 
 }  // namespace brevane

@@ -12,6 +12,14 @@ class AlarmPanel;
 class AlarmView : public QWidget {
   public:
     explicit AlarmView(AlarmPanel& panel, QWidget* parent = nullptr);
+
+  protected:
+    // The panel titles the window by whether it is minimized.
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    AlarmPanel& panel_;
 };
 
 }  // namespace brevane
