@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/app_path.h"
 #include "base/comma_record.h"
 #include "base/dialogs.h"
 #include "base/field_list.h"
@@ -79,11 +80,6 @@ void sessionFields(Io& io, V& v) {
     io.number(v.randomOrder);
 }
 constexpr int kSessionFields = 53;
-
-// A file's title less its last four characters, the ".scn".
-std::string withoutExtension(const std::string& title) {
-    return title.substr(0, title.size() - std::min<std::size_t>(4, title.size()));
-}
 
 }  // namespace
 
@@ -496,7 +492,7 @@ std::optional<fs::path> SchedulerPanel::chooseFile(const char* title, const char
 void SchedulerPanel::browse(int row) {
     if (const auto file = chooseFile("Choose Scenario", kScenarioFolder, kBrowseFilter)) {
         rows[static_cast<std::size_t>(row)].scenario.setText(
-            withoutExtension(file->filename().string()));
+            withoutLastFour(file->filename().string()));
     }
 }
 
@@ -621,7 +617,7 @@ void SchedulerPanel::playEntry(int index) {
     if (entry.empty()) {
         return;
     }
-    app_.frmmain.doload(withoutExtension(entry));
+    app_.frmmain.doload(withoutLastFour(entry));
 }
 
 void SchedulerPanel::loadPlaylist() {
