@@ -14,6 +14,7 @@
 #include "ui/core/main_window.h"
 #include "ui/core/qt_desktop.h"
 #include "ui/platform/logind_power.h"
+#include "ui/platform/mpris_service.h"
 #include "ui/platform/qt_dialogs.h"
 #include "ui/platform/qt_event_loop_driver.h"
 #include "ui/platform/qt_settings_store.h"
@@ -67,6 +68,7 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
                              .power = power});
     running = &app;
     ApplicationViews views(app);
+    MprisService mpris(app.media);
     // The close button is the console's quit command: it asks "Really Quit?" when the
     // option says so, and a No leaves everything playing.
     quitRoutine.watchWindow(views.mainWindow(), [&app] { app.frmmain.QuitCommand.click(); });

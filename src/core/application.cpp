@@ -37,7 +37,8 @@ Application::Application(const Platform& platform)
       frmbwave(*this),
       Alarm(*this),
       Timers(*this),
-      frmaddscenariodirectory(*this) {}
+      frmaddscenariodirectory(*this),
+      media(*this) {}
 
 Application::~Application() = default;
 

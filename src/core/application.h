@@ -23,6 +23,7 @@
 #include "banks/random/randomize_settings.h"
 #include "brainwaves/frmbwave.h"
 #include "core/frmmain.h"
+#include "core/media_control.h"
 #include "core/mix_group.h"
 #include "core/options_panel.h"
 #include "core/platform.h"
@@ -123,6 +124,8 @@ class Application {
     // The scheduler, and its folder chooser.
     SchedulerPanel Timers;
     ScenarioFolderPanel frmaddscenariodirectory;
+    // The soundscape as the desktop's media keys and player applets see it.
+    MediaControl media;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();
