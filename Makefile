@@ -4,7 +4,7 @@ SANITIZE_BUILD ?= build-sanitize
 TSAN_BUILD ?= build-tsan
 CMAKE_FLAGS ?=
 
-.PHONY: all setup build run test test-sanitize test-tsan bench format sound-sheets clean
+.PHONY: all setup build run test package test-sanitize test-tsan bench format sound-sheets clean
 
 all: build
 
@@ -23,6 +23,9 @@ run: build
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy \
 	  ctest --output-on-failure --timeout 600 -j 2
+
+package: build
+	cd $(BUILD) && cpack
 
 test-sanitize: setup
 	cmake -S . -B $(SANITIZE_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug \

@@ -2,13 +2,18 @@
 // its windows, and the one way out.
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
+#include <cstdlib>
+#include <optional>
 
 #include "base/app_path.h"
 #include "base/event_loop.h"
 #include "base/random.h"
+#include "base/user_tree.h"
 #include "core/application.h"
 #include "core/autostart.h"
+#include "core/media_control.h"
 #include "engine/mixer_engine.h"
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
@@ -90,6 +95,26 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
     return status;
 }
 
+// The program's folder: the one it stands in when run from the build, else, installed,
+// the user's own folder made from the shared stock tree. Nothing when that folder
+// cannot be made, after saying why.
+std::optional<AppPath> programFolder() {
+    const auto programDir = pathFromQt(QCoreApplication::applicationDirPath());
+    const auto stock = installedStockTree(programDir, BREVANE_RELATIVE_STOCK_TREE);
+    if (!stock) {
+        return AppPath(programDir);
+    }
+    const auto user = userDataHome(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")) / "brevane";
+    const UserTreeResult made = prepareUserTree(*stock, user, BREVANE_VERSION);
+    if (!made.ok) {
+        QMessageBox::critical(nullptr, QStringLiteral("Brevane"),
+                              QStringLiteral("Your Brevane folder could not be made: %1.")
+                                  .arg(QString::fromStdString(made.error)));
+        return std::nullopt;
+    }
+    return AppPath(user);
+}
+
 }  // namespace
 }  // namespace brevane
 
@@ -97,12 +122,17 @@ int main(int argc, char** argv) {
     QApplication qtApp(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brevane"));
     QApplication::setApplicationName(QStringLiteral("Brevane"));
+    // Wayland compositors and MPRIS clients find the icon and name by the desktop entry.
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(brevane::MediaControl::kDesktopEntry));
     // Only the quit routine ends the program, so its shutdown step always runs.
     QApplication::setQuitOnLastWindowClosed(false);
     brevane::style::applyToProgram();
 
+    const auto folder = brevane::programFolder();
+    if (!folder) {
+        return 1;
+    }
     brevane::EventLoop loop;
     brevane::QtEventLoopDriver driver(loop);
-    return brevane::runProgram(
-        brevane::AppPath(brevane::pathFromQt(QCoreApplication::applicationDirPath())), loop);
+    return brevane::runProgram(*folder, loop);
 }

@@ -21,7 +21,7 @@ class Application;
 class MediaControl {
   public:
     static constexpr const char* kIdentity = "Brevane";
-    static constexpr const char* kDesktopEntry = "brevane";
+    static constexpr const char* kDesktopEntry = "org.brevane.Brevane";
 
     explicit MediaControl(Application& app);
     MediaControl(const MediaControl&) = delete;

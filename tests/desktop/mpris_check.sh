@@ -11,29 +11,11 @@ trap 'kill -TERM "$pid" 2>/dev/null; wait "$pid" 2>/dev/null; rm -rf "$run"' EXI
 cp "$built/brevane" "$run/brevane"
 for d in "$built"/*/; do ln -s "$d" "$run/$(basename "$d")"; done
 
-failures=0
-expect() {  # expect <what> <wanted> <got>
-  if [ "$2" != "$3" ]; then
-    echo "FAIL: $1: wanted '$2', got '$3'"
-    failures=$((failures + 1))
-  else
-    echo "ok: $1: $3"
-  fi
-}
-player() { playerctl -p brevane "$@" 2>/dev/null; }
+source "$(dirname "$0")/checks.sh"
 
 QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy "$run/brevane" >"$run/log.txt" 2>&1 &
 pid=$!
-for _ in $(seq 1 80); do
-  playerctl -l 2>/dev/null | grep -qx brevane && break
-  sleep 0.25
-done
-expect "on the bus" brevane "$(playerctl -l 2>/dev/null | grep -x brevane)"
-# The first run's soundscape fades in over its first seconds; wait for its level.
-for _ in $(seq 1 80); do
-  [ "$(player volume)" = "0.600000" ] && break
-  sleep 0.25
-done
+wait_for_player
 expect "status" Playing "$(player status)"
 expect "title" "Summer Storm" "$(player metadata title)"
 expect "artist" Brevane "$(player metadata artist)"

@@ -9,12 +9,7 @@
 
 namespace brevane {
 
-namespace {
-
-QPixmap drawIcon(int size) {
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter p(&pixmap);
+void paintProgramIcon(QPainter& p, int size) {
     p.setRenderHint(QPainter::Antialiasing, true);
 
     const QRectF tile(0.5, 0.5, size - 1.0, size - 1.0);
@@ -50,6 +45,15 @@ QPixmap drawIcon(int size) {
         p.setBrush(Qt::NoBrush);
         p.drawPath(wave);
     }
+}
+
+namespace {
+
+QPixmap drawIcon(int size) {
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    paintProgramIcon(p, size);
     return pixmap;
 }
 
