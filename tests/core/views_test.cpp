@@ -4,12 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
@@ -24,6 +28,7 @@
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
 #include "ui/core/tray_view.h"
+#include "ui/named_widget.h"
 #include "ui/platform/qt_text.h"
 #include "ui/widgets/lcd_display_widget.h"
 #include "ui/widgets/lcd_font.h"
@@ -118,20 +123,9 @@ class Views : public ::testing::Test {
     QWidget& windowOf(const PanelWindow& panel) { return *views->windowOf(panel); }
     QWidget& bankWindow(int n) { return windowOf(app->randomBank(n)->window); }
 
-    // The widget of `root` showing `text`, or named so for the screen reader.
     template <class W = QPushButton>
-    static W* find(QWidget& root, const QString& text) {
-        for (W* w : root.findChildren<W*>()) {
-            if (w->accessibleName() == text) {
-                return w;
-            }
-            if constexpr (requires { w->text(); }) {
-                if (w->text() == text) {
-                    return w;
-                }
-            }
-        }
-        return nullptr;
+    static W* find(QWidget& root, const QString& name) {
+        return test::named<W>(root, name);
     }
     template <class W = QPushButton>
     W* find(const QString& text) {
@@ -239,6 +233,70 @@ TEST_F(Views, TheConsoleShowsItsDisplaysLinesAndMasterAsTheFadeRaisesIt) {
     ASSERT_NE(master, nullptr);
     EXPECT_EQ(master->value(), 12);
     EXPECT_NE(find<QLabel>(views->mainWindow(), QStringLiteral("12")), nullptr);
+}
+
+TEST_F(Views, EveryWindowReadsAloudAndWorksFromTheKeyboard) {
+    for (QWidget* window : views->windows()) {
+        const std::string title = window->windowTitle().toStdString();
+        QString letters;
+        for (QWidget* w : window->findChildren<QWidget*>()) {
+            // Parts Qt makes inside its own widgets (a list's scroll bars and header, a
+            // list box's text field and drop-down) go by the widget they belong to.
+            bool part = false;
+            for (QWidget* up = w->parentWidget(); up != nullptr && up != window;
+                 up = up->parentWidget()) {
+                part = part || qobject_cast<QAbstractScrollArea*>(up) != nullptr ||
+                       qobject_cast<QComboBox*>(up) != nullptr;
+            }
+            if (part) {
+                continue;
+            }
+            const bool operable = qobject_cast<QAbstractButton*>(w) != nullptr ||
+                                  qobject_cast<QAbstractSlider*>(w) != nullptr ||
+                                  qobject_cast<QComboBox*>(w) != nullptr ||
+                                  qobject_cast<QAbstractSpinBox*>(w) != nullptr ||
+                                  qobject_cast<QAbstractItemView*>(w) != nullptr ||
+                                  qobject_cast<QPlainTextEdit*>(w) != nullptr ||
+                                  qobject_cast<QLineEdit*>(w) != nullptr;
+            if (!operable) {
+                continue;
+            }
+            const QString name = test::spokenName(*w);
+            EXPECT_FALSE(name.trimmed().isEmpty())
+                << title << ": a " << w->metaObject()->className() << " has no name";
+            auto* edit = qobject_cast<QLineEdit*>(w);
+            if (edit == nullptr || !edit->isReadOnly()) {
+                EXPECT_TRUE(w->focusPolicy() & Qt::TabFocus)
+                    << title << ": " << name.toStdString() << " is out of the Tab order";
+            }
+            if (auto* b = qobject_cast<QPushButton*>(w); b != nullptr) {
+                const auto mark = b->text().indexOf(QLatin1Char('&'));
+                if (mark >= 0 && mark + 1 < b->text().size()) {
+                    const QChar letter = b->text().at(mark + 1).toLower();
+                    EXPECT_FALSE(letters.contains(letter))
+                        << title << ": Alt+" << QString(letter).toStdString() << " twice";
+                    letters += letter;
+                }
+            }
+        }
+        if (window == &views->mainWindow()) {
+            // The console's commands answer Alt and their letters.
+            EXPECT_GE(letters.size(), 20) << letters.toStdString();
+        }
+    }
+
+    // A status display is static text reading its lines.
+    app->frmmain.LCD1.setLine(3, "Night Harbour");
+    LcdDisplayWidget* scenario = nullptr;
+    for (LcdDisplayWidget* d : views->mainWindow().findChildren<LcdDisplayWidget*>()) {
+        scenario = d->text().startsWith(QStringLiteral("Scenario")) ? d : scenario;
+    }
+    ASSERT_NE(scenario, nullptr);
+    QAccessibleInterface* read = QAccessible::queryAccessibleInterface(scenario);
+    EXPECT_EQ(read->role(), QAccessible::StaticText);
+    EXPECT_TRUE(
+        read->text(QAccessible::Name).startsWith(QStringLiteral("Scenario: Night Harbour\n")))
+        << read->text(QAccessible::Name).toStdString();
 }
 
 TEST_F(Views, TheTrayMenuMirrorsTheConsolesMenuAndActsOnIt) {

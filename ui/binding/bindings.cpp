@@ -106,9 +106,27 @@ class Binding final : public QObject {
     std::optional<Colour> shownBack_;
 };
 
+// The letter a button answers to with Alt, kept on the widget so that a caption that
+// changes ("Alarm On", "Alarm Off") keeps it where the new caption has it.
+constexpr const char* kMnemonicProperty = "brevaneMnemonic";
+// A widget whose caption is the user's (a preset's name) takes no letter.
+constexpr const char* kNoMnemonicProperty = "brevaneNoMnemonic";
+
+QString withMnemonic(QString text, const QWidget& widget) {
+    const QChar letter = widget.property(kMnemonicProperty).toChar();
+    if (letter.isNull()) {
+        return text;
+    }
+    const auto at = text.indexOf(letter, 0, Qt::CaseInsensitive);
+    if (at >= 0) {
+        text.insert(at, QLatin1Char('&'));
+    }
+    return text;
+}
+
 template <class Button>
 void showCaption(const Control& control, Button& widget) {
-    const QString text = qtDisplayText(control.caption());
+    const QString text = withMnemonic(qtDisplayText(control.caption()), widget);
     if (widget.text() != text) {
         widget.setText(text);
     }
@@ -180,6 +198,9 @@ void bindWidget(Slider& control, QAbstractSlider& widget) {
 }
 
 void bindWidget(ScrollBar& control, QScrollBar& widget) {
+    // A bar standing for a setting is worked like a slider: Tab reaches it, the arrow
+    // keys step it.
+    widget.setFocusPolicy(Qt::StrongFocus);
     bindRange(control, widget);
 }
 
@@ -325,6 +346,77 @@ void bindWidget(Control& control, QWidget& widget) {
 void bindWidget(Label& control, QLabel& widget) {
     widget.setTextFormat(Qt::PlainText);
     new Binding(control, widget, [&control, &widget] { showCaption(control, widget); });
+}
+
+namespace {
+
+// Follows a control's caption into a widget's accessible name.
+class NameFollower final : public QObject {
+  public:
+    NameFollower(Control& control, QWidget& widget, QString suffix)
+        : QObject(&widget), control_(control), widget_(widget), suffix_(std::move(suffix)) {
+        watchId_ = control_.watch([this] { show(); });
+        show();
+    }
+    ~NameFollower() override { control_.unwatch(watchId_); }
+
+  private:
+    void show() {
+        const QString name = qtDisplayText(control_.caption()) + suffix_;
+        if (widget_.accessibleName() != name) {
+            widget_.setAccessibleName(name);
+        }
+    }
+
+    Control& control_;
+    QWidget& widget_;
+    QString suffix_;
+    Control::WatchId watchId_ = 0;
+};
+
+}  // namespace
+
+void nameAfter(Control& control, QWidget& widget, const QString& suffix) {
+    new NameFollower(control, widget, suffix);
+}
+
+void withoutMnemonic(QWidget& widget) {
+    widget.setProperty(kNoMnemonicProperty, true);
+}
+
+void giveMnemonics(QWidget& window) {
+    QString taken;
+    const auto buttons = window.findChildren<QPushButton*>();
+    for (QPushButton* b : buttons) {
+        if (b->text().contains(QLatin1Char('&'))) {
+            taken += b->text().at(b->text().indexOf(QLatin1Char('&')) + 1).toLower();
+        }
+    }
+    for (QPushButton* b : buttons) {
+        const QString text = b->text();
+        if (b->isFlat() || text.isEmpty() || text.contains(QLatin1Char('&')) ||
+            b->property(kNoMnemonicProperty).toBool()) {
+            continue;
+        }
+        // A word's first letter reads best ("&Save As" then "Save &As"); then any.
+        QChar letter;
+        for (int pass = 0; pass < 2 && letter.isNull(); ++pass) {
+            for (int i = 0; i < text.size() && letter.isNull(); ++i) {
+                const QChar c = text.at(i).toLower();
+                const bool wordStart = i == 0 || !text.at(i - 1).isLetterOrNumber();
+                if (c.isLetter() && c.unicode() < 128 && !taken.contains(c) &&
+                    (pass == 1 || wordStart)) {
+                    letter = c;
+                }
+            }
+        }
+        if (letter.isNull()) {
+            continue;
+        }
+        taken += letter;
+        b->setProperty(kMnemonicProperty, letter);
+        b->setText(withMnemonic(text, *b));
+    }
 }
 
 }  // namespace brevane

@@ -40,6 +40,7 @@ namespace brevane {
 // Any slider-like widget (QSlider, QDial, a custom QAbstractSlider). A range that
 // runs from a larger min to a smaller max flips the widget's direction.
 void bindWidget(Slider& control, QAbstractSlider& widget);
+// The bar takes the keyboard's focus, as a slider does.
 void bindWidget(ScrollBar& control, QScrollBar& widget);
 void bindWidget(CheckBox& control, QCheckBox& widget);
 // Exclusivity comes from the control's option group, so the widget's own
@@ -61,5 +62,16 @@ void bindWidget(ListBox& control, QListWidget& widget);
 void bindWidget(Label& control, QLabel& widget);
 // A frame or page of a panel: only shown or hidden, enabled or not.
 void bindWidget(Control& control, QWidget& widget);
+
+// The widget's accessible name follows the control's caption, `suffix` after it: a
+// bank row's slider is named by the sound the row shows ("Light rain volume").
+void nameAfter(Control& control, QWidget& widget, const QString& suffix = {});
+
+// Gives the push buttons of `window` each a letter of their caption to answer Alt
+// with, in the order they were made, word starts first, never one letter twice. Flat
+// buttons and those marked below keep their caption as it is.
+void giveMnemonics(QWidget& window);
+// A button whose caption is the user's (a preset's name) gets no letter.
+void withoutMnemonic(QWidget& widget);
 
 }  // namespace brevane

@@ -7,15 +7,16 @@
 #include "ui/banks/random/form3_view.h"
 #include "ui/banks/random/identify_view.h"
 #include "ui/banks/random/random_bank_view.h"
+#include "ui/binding/bindings.h"
 #include "ui/brainwaves/bwave_view.h"
-#include "ui/scheduling/alarm_view.h"
-#include "ui/scheduling/scheduler_view.h"
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
 #include "ui/core/splash_view.h"
 #include "ui/core/tips_view.h"
 #include "ui/core/tray_view.h"
+#include "ui/scheduling/alarm_view.h"
+#include "ui/scheduling/scheduler_view.h"
 #include "ui/weather/evolve_view.h"
 #include "ui/widgets/program_icon.h"
 
@@ -46,6 +47,10 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
         std::make_unique<ScenarioFolderView>(app.frmaddscenariodirectory));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     bindProgramHotkeys(app, *mainWindow_);
+    // Every window answers Alt with its buttons' letters, so it works from the keyboard.
+    for (QWidget* window : windows()) {
+        giveMnemonics(*window);
+    }
 
     app.placeWindow = [this](const PanelWindow& target, const PanelWindow& reference) {
         QWidget* to = windowOf(target);
@@ -63,6 +68,14 @@ ApplicationViews::~ApplicationViews() {
 void ApplicationViews::add(const PanelWindow& panel, std::unique_ptr<QWidget> window) {
     byPanel_[&panel] = window.get();
     windows_.push_back(std::move(window));
+}
+
+std::vector<QWidget*> ApplicationViews::windows() {
+    std::vector<QWidget*> all{mainWindow_.get()};
+    for (const auto& window : windows_) {
+        all.push_back(window.get());
+    }
+    return all;
 }
 
 QWidget* ApplicationViews::windowOf(const PanelWindow& panel) const {

@@ -29,6 +29,8 @@ class ApplicationViews {
     MainWindow& mainWindow() { return *mainWindow_; }
     // The window following `panel`, or nullptr.
     QWidget* windowOf(const PanelWindow& panel) const;
+    // Every window: the console first, then the panels' in the order they were made.
+    std::vector<QWidget*> windows();
     // The notification-area icon and the console's tray menu.
     TrayView& tray() { return *tray_; }
 

@@ -210,6 +210,7 @@ QWidget* presetSection(Frmmain& console, QWidget* parent) {
     for (int p = 0; p < Frmmain::kPresetButtons; ++p) {
         QPushButton* preset = button(console.presetButtons[static_cast<std::size_t>(p)], box);
         preset->setAccessibleDescription(QStringLiteral("Preset %1").arg(p + 1));
+        withoutMnemonic(*preset);
         new PresetHover(console, p, *preset);
         grid->addWidget(preset, p % rows, p / rows);
     }

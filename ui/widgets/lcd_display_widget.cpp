@@ -1,5 +1,7 @@
 #include "ui/widgets/lcd_display_widget.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QHash>
 #include <QLinearGradient>
@@ -86,6 +88,33 @@ LcdLook lcdLook(LcdPalette palette, const std::optional<LcdColours>& custom) {
     return lcdLook(LcdDisplay::kDefaultPalette);
 }
 
+namespace {
+
+// What a screen reader or an automation tool finds for a display: static text whose
+// name is the display's lines as they read, captions included.
+class LcdAccessible final : public QAccessibleWidget {
+  public:
+    explicit LcdAccessible(LcdDisplayWidget* display)
+        : QAccessibleWidget(display, QAccessible::StaticText) {}
+
+    QString text(QAccessible::Text t) const override {
+        if (t == QAccessible::Name || t == QAccessible::Value) {
+            return static_cast<const LcdDisplayWidget*>(widget())->text();
+        }
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface* lcdAccessible(const QString& className, QObject* object) {
+    if (className == QLatin1String(LcdDisplayWidget::staticMetaObject.className()) &&
+        object != nullptr && object->isWidgetType()) {
+        return new LcdAccessible(static_cast<LcdDisplayWidget*>(object));
+    }
+    return nullptr;
+}
+
+}  // namespace
+
 LcdDisplayWidget::LcdDisplayWidget(LcdDisplay& display, Layout layout, int columns,
                                    int captionColumns, QWidget* parent)
     : QWidget(parent),
@@ -95,6 +124,11 @@ LcdDisplayWidget::LcdDisplayWidget(LcdDisplay& display, Layout layout, int colum
       captionColumns_(std::clamp(captionColumns, 0, columns_)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_OpaquePaintEvent, false);
+    static const bool factoryInstalled = [] {
+        QAccessible::installFactory(lcdAccessible);
+        return true;
+    }();
+    (void)factoryInstalled;
     watchId_ = display_.watch([this] { follow(); });
     follow();
 }
@@ -118,31 +152,57 @@ QStringList LcdDisplayWidget::rows() const {
     return out;
 }
 
-void LcdDisplayWidget::follow() {
-    setVisible(display_.visible());
-    setEnabled(display_.enabled());
-    // The whole text of any line the glass cuts short.
+QStringList LcdDisplayWidget::wholeLines() const {
     QStringList whole;
-    bool cut = false;
     if (layout_ == Layout::Captioned) {
         for (int row = 0; row < 2; ++row) {
             const QString value = qtText(display_.line(3 + row));
-            cut = cut || value.size() > columns_ - captionColumns_;
-            const QString caption = qtText(display_.line(1 + row));
+            const QString caption = qtText(display_.line(1 + row)).trimmed();
             whole << (caption.isEmpty() ? value : caption + QStringLiteral(": ") + value);
         }
     } else {
         for (int n = 1; n <= LcdDisplay::kLines; ++n) {
-            const QString line = qtText(display_.line(n));
+            whole << qtText(display_.line(n));
+        }
+    }
+    return whole;
+}
+
+QString LcdDisplayWidget::text() const {
+    QStringList spoken;
+    for (const QString& line : wholeLines()) {
+        if (!line.trimmed().isEmpty()) {
+            spoken << line.trimmed();
+        }
+    }
+    return spoken.join(QLatin1Char('\n'));
+}
+
+void LcdDisplayWidget::follow() {
+    setVisible(display_.visible());
+    setEnabled(display_.enabled());
+    // The whole text of any line the glass cuts short.
+    const QStringList whole = wholeLines();
+    bool cut = false;
+    if (layout_ == Layout::Captioned) {
+        for (int row = 0; row < 2; ++row) {
+            cut = cut || qtText(display_.line(3 + row)).size() > columns_ - captionColumns_;
+        }
+    } else {
+        for (const QString& line : whole) {
             cut = cut || line.size() > columns_;
-            whole << line;
         }
     }
     const QString tip = cut ? whole.join(QLatin1Char('\n')) : qtText(display_.toolTip());
     if (toolTip() != tip) {
         setToolTip(tip);
     }
-    setAccessibleDescription(rows().join(QLatin1Char('\n')));
+    const QString spoken = text();
+    if (spoken != spoken_) {
+        spoken_ = spoken;
+        QAccessibleEvent changed(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&changed);
+    }
     update();
 }
 

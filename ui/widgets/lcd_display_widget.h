@@ -45,6 +45,9 @@ class LcdDisplayWidget : public QWidget {
 
     // The rows as drawn, each exactly `columns` characters: the text the user reads.
     QStringList rows() const;
+    // The lines whole, as a screen reader speaks them: "Scenario: Summer Storm", one
+    // line each, empty lines left out. The display's accessible name and value.
+    QString text() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -54,6 +57,8 @@ class LcdDisplayWidget : public QWidget {
 
   private:
     void follow();
+    // Each row's text uncut, captions joined to their values by ": ".
+    QStringList wholeLines() const;
     QSize cellSize() const;
 
     LcdDisplay& display_;
@@ -61,6 +66,8 @@ class LcdDisplayWidget : public QWidget {
     int columns_;
     int captionColumns_;
     Control::WatchId watchId_ = 0;
+    // The text assistive tools were last told of, so they hear of changes only.
+    QString spoken_;
 };
 
 }  // namespace brevane

@@ -13,6 +13,7 @@
 #include "core/app_harness.h"
 #include "engine/recording_engine.h"
 #include "ui/core/application_views.h"
+#include "ui/named_widget.h"
 #include "ui/widgets/style.h"
 
 namespace brevane {
@@ -28,25 +29,6 @@ class RandomBankViewsTest : public ::testing::Test {
 
     QWidget& windowOf(const PanelWindow& panel) { return *views->windowOf(panel); }
 
-    template <class W>
-    W* findByName(QWidget& root, const QString& accessibleName) {
-        for (W* w : root.findChildren<W*>()) {
-            if (w->accessibleName() == accessibleName) {
-                return w;
-            }
-        }
-        return nullptr;
-    }
-
-    QPushButton* buttonWithText(QWidget& root, const QString& text) {
-        for (QPushButton* b : root.findChildren<QPushButton*>()) {
-            if (b->text() == text) {
-                return b;
-            }
-        }
-        return nullptr;
-    }
-
     test::AppHarness<RecordingEngine> h;
     Application* app = nullptr;
     std::unique_ptr<ApplicationViews> views;
@@ -57,10 +39,10 @@ TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAutoShowsItsColourAndDotsS
     QWidget& w = windowOf(app->frmrandommain.window);
     app->frmrandommain.slot(15).volume.setValue(200);
     app->frmrandommain.slot(16).volume.setValue(100);
-    QTest::mouseClick(findByName<QPushButton>(w, QStringLiteral("Volume bulk 2")), Qt::LeftButton);
+    QTest::mouseClick(test::named<QPushButton>(w, QStringLiteral("Volume bulk 2")), Qt::LeftButton);
     EXPECT_EQ(app->frmrandommain.slot(15).volume.value(), 75);
 
-    QPushButton* autoButton = buttonWithText(w, QStringLiteral("Auto"));
+    QPushButton* autoButton = test::named<QPushButton>(w, QStringLiteral("Auto"));
     ASSERT_NE(autoButton, nullptr);
     // Off shows as an ordinary button, on in the scheme's highlight.
     EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
@@ -70,28 +52,28 @@ TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAutoShowsItsColourAndDotsS
               style::toQColor(app->SchemeHighlightColour));
     // The mirror reaches the other banks' windows too.
     QWidget& w2 = windowOf(app->frmrandommain2.window);
-    EXPECT_TRUE(buttonWithText(w2, QStringLiteral("Auto"))->isChecked());
+    EXPECT_TRUE(test::named<QPushButton>(w2, QStringLiteral("Auto"))->isChecked());
     QTest::mouseClick(autoButton, Qt::LeftButton);
     EXPECT_FALSE(app->frmrandommain3.timerautorandom.enabled());
     EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
 
     // "..." shows the settings window, which sets the period and closes on Close.
-    QTest::mouseClick(findByName<QPushButton>(w, QStringLiteral("Randomize settings")),
+    QTest::mouseClick(test::named<QPushButton>(w, QStringLiteral("Randomize settings")),
                       Qt::LeftButton);
     QWidget& settings = windowOf(app->Form3.window);
     EXPECT_TRUE(settings.isVisible());
-    auto* period = findByName<QComboBox>(settings, QStringLiteral("Randomize period"));
+    auto* period = test::named<QComboBox>(settings, QStringLiteral("Randomize period"));
     ASSERT_NE(period, nullptr);
     EXPECT_EQ(period->count(), 9);
     period->setCurrentIndex(2);
     EXPECT_EQ(app->Form3.period.text(), "5");
-    findByName<QSlider>(settings, QStringLiteral("Frequency threshold"))->setValue(120);
+    test::named<QSlider>(settings, QStringLiteral("Frequency threshold"))->setValue(120);
     EXPECT_EQ(app->Form3.threshold.value(), 120);
-    QTest::mouseClick(buttonWithText(settings, QStringLiteral("Close")), Qt::LeftButton);
+    QTest::mouseClick(test::named<QPushButton>(settings, QStringLiteral("Close")), Qt::LeftButton);
     EXPECT_FALSE(settings.isVisible());
     EXPECT_EQ(app->frmrandommain.timerautorandom.interval(), 5000);
 
-    QTest::mouseClick(buttonWithText(w, QStringLiteral("Custom")), Qt::LeftButton);
+    QTest::mouseClick(test::named<QPushButton>(w, QStringLiteral("Custom")), Qt::LeftButton);
     EXPECT_TRUE(windowOf(app->frmcustom.window).isVisible());
     EXPECT_FALSE(w.isVisible());
 }
@@ -100,15 +82,20 @@ TEST_F(RandomBankViewsTest, TheCustomBankHasChoosersAndTheRightButtonRenames) {
     app->frmcustom.show();
     QWidget& w = windowOf(app->frmcustom.window);
     EXPECT_EQ(w.windowTitle(), QStringLiteral("CUSTOM"));
-    EXPECT_NE(findByName<QPushButton>(w, QStringLiteral("Slot 28 file")), nullptr);
-    EXPECT_NE(buttonWithText(w, QStringLiteral("Reset All")), nullptr);
+    EXPECT_NE(
+        test::named<QPushButton>(w, QStringLiteral("Not Set file"), QStringLiteral("Slot 28")),
+        nullptr);
+    EXPECT_NE(test::named<QPushButton>(w, QStringLiteral("Reset All")), nullptr);
     // The fixed banks have neither.
     QWidget& fixed = windowOf(app->frmrandommain4.window);
-    EXPECT_EQ(findByName<QPushButton>(fixed, QStringLiteral("Slot 1 file")), nullptr);
-    EXPECT_EQ(buttonWithText(fixed, QStringLiteral("Reset All")), nullptr);
+    for (QPushButton* b : fixed.findChildren<QPushButton*>()) {
+        EXPECT_FALSE(test::spokenName(*b).endsWith(QStringLiteral(" file")));
+    }
+    EXPECT_EQ(test::named<QPushButton>(fixed, QStringLiteral("Reset All")), nullptr);
 
     h.dialogs.answerInput("Blackbird");
-    QPushButton* name = findByName<QPushButton>(w, QStringLiteral("Slot 3"));
+    QPushButton* name =
+        test::named<QPushButton>(w, QStringLiteral("Not Set"), QStringLiteral("Slot 3"));
     ASSERT_NE(name, nullptr);
     // The right button asks for the row's context menu, which renames.
     const QPoint at = name->rect().center();
@@ -116,6 +103,9 @@ TEST_F(RandomBankViewsTest, TheCustomBankHasChoosersAndTheRightButtonRenames) {
     QCoreApplication::sendEvent(name, &menu);
     EXPECT_EQ(app->frmcustom.slot(3).name.caption(), "Blackbird");
     EXPECT_EQ(name->text(), QStringLiteral("Blackbird"));
+    // The row's other widgets take the new name with it.
+    EXPECT_NE(test::named<QSlider>(w, QStringLiteral("Blackbird volume")), nullptr);
+    EXPECT_NE(test::named<QPushButton>(w, QStringLiteral("Blackbird file")), nullptr);
     EXPECT_TRUE(h.engine.callsOf(RecordingEngine::Op::Play).empty());
 }
 

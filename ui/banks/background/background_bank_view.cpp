@@ -6,8 +6,8 @@
 #include <QCheckBox>
 #include <QFontMetrics>
 #include <QFrame>
-#include <QGroupBox>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -104,11 +104,14 @@ QWidget* endLabels(const QString& left, const QString& right, QWidget* parent) {
     return ends;
 }
 
-QSlider* rowSlider(Slider& control, const QString& name, int pageStep, QWidget* parent) {
+// A row's widgets are named by the sound the row shows ("Light rain volume"), following
+// it when the slot takes another sound.
+QSlider* rowSlider(Slider& control, Control& row, const QString& what, int pageStep,
+                   QWidget* parent) {
     auto* slider = new QSlider(Qt::Horizontal, parent);
     slider->setMinimumWidth(110);
     slider->setPageStep(pageStep);
-    slider->setAccessibleName(name);
+    nameAfter(row, *slider, QLatin1Char(' ') + what);
     // A slot that is off has its sliders disabled: its fill greys out with them, so
     // the live channels stand out on the desk.
     QPalette palette = slider->palette();
@@ -121,18 +124,18 @@ QSlider* rowSlider(Slider& control, const QString& name, int pageStep, QWidget* 
 
 // A limit: its text, read only (the bar writes it), and the bar beside it, only as
 // tall as a row so that it shows its two arrows.
-void addLimit(ScrollBar& bar, TextBox& text, const QString& name, int row, int textColumn,
-              int barColumn, QGridLayout& grid, QWidget* parent) {
+void addLimit(ScrollBar& bar, TextBox& text, Control& sound, const QString& what, int row,
+              int textColumn, int barColumn, QGridLayout& grid, QWidget* parent) {
     auto* box = new QLineEdit(parent);
     box->setReadOnly(true);
     box->setFocusPolicy(Qt::NoFocus);
     box->setAlignment(Qt::AlignRight);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("2500")) + 10);
-    box->setAccessibleName(name);
+    nameAfter(sound, *box, QLatin1Char(' ') + what);
     bindWidget(text, *box);
     auto* scroll = new QScrollBar(Qt::Vertical, parent);
     scroll->setFixedHeight(box->sizeHint().height());
-    scroll->setAccessibleName(name + QStringLiteral(" bar"));
+    nameAfter(sound, *scroll, QLatin1Char(' ') + what + QStringLiteral(" bar"));
     bindWidget(bar, *scroll);
     grid.addWidget(box, row, textColumn);
     grid.addWidget(scroll, row, barColumn);
@@ -196,19 +199,21 @@ QWidget* channelGrid(BackgroundBank& bank, QWidget* parent) {
     for (int s = 1; s <= kBackgroundSlots; ++s) {
         BackgroundSoundSlot& sl = bank.slot(s);
         const int row = kFirstSlotRow + s - 1;
-        const QString slotName = QStringLiteral("Slot ") + QString::number(s);
+        // Rows of the custom bank may show the same name; their number tells them apart.
+        const QString slotNumber = bank.custom() ? QStringLiteral("Slot %1").arg(s) : QString();
 
         auto* chooser = new QPushButton(widget);
         chooser->setFixedWidth(chooser->fontMetrics().horizontalAdvance(QStringLiteral("...")) +
                                16);
-        chooser->setAccessibleName(slotName + QStringLiteral(" file"));
+        nameAfter(sl.on, *chooser, QStringLiteral(" file"));
+        chooser->setAccessibleDescription(slotNumber);
         chooser->setToolTip(QStringLiteral("Choose this slot's sound file"));
         bindWidget(sl.chooser, *chooser);
         grid.addWidget(chooser, row, kChooser);
 
         auto* on = new QCheckBox(widget);
         on->setMinimumWidth(nameWidth + 30);
-        on->setAccessibleName(slotName);
+        on->setAccessibleDescription(slotNumber);
         bindWidget(sl.on, *on);
         if (bank.custom() && s == 1) {
             // The first row of the custom bank is named by the right button.
@@ -218,22 +223,21 @@ QWidget* channelGrid(BackgroundBank& bank, QWidget* parent) {
         }
         grid.addWidget(on, row, kName);
 
-        grid.addWidget(rowSlider(sl.volume, slotName + QStringLiteral(" volume"), 25, widget), row,
+        grid.addWidget(rowSlider(sl.volume, sl.on, QStringLiteral("volume"), 25, widget), row,
                        kVolume);
         auto* value = smallLabel(QString(), widget, Qt::AlignRight | Qt::AlignVCenter);
         value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("000")) + 4);
         showValue(sl.volume, *value);
         grid.addWidget(value, row, kVolumeValue);
 
-        addLimit(sl.lowLimitBar, sl.lowLimitText, slotName + QStringLiteral(" lower limit"), row,
+        addLimit(sl.lowLimitBar, sl.lowLimitText, sl.on, QStringLiteral("lower limit"), row,
                  kLowText, kLowBar, grid, widget);
-        addLimit(sl.highLimitBar, sl.highLimitText, slotName + QStringLiteral(" upper limit"), row,
+        addLimit(sl.highLimitBar, sl.highLimitText, sl.on, QStringLiteral("upper limit"), row,
                  kHighText, kHighBar, grid, widget);
 
-        grid.addWidget(rowSlider(sl.rate, slotName + QStringLiteral(" rate"), 50, widget), row,
-                       kRate);
-        grid.addWidget(rowSlider(sl.balance, slotName + QStringLiteral(" balance"), 25, widget),
-                       row, kBalance);
+        grid.addWidget(rowSlider(sl.rate, sl.on, QStringLiteral("rate"), 50, widget), row, kRate);
+        grid.addWidget(rowSlider(sl.balance, sl.on, QStringLiteral("balance"), 25, widget), row,
+                       kBalance);
     }
 
     // The bulk buttons, each under its column.

@@ -32,11 +32,15 @@ QLabel* columnHeading(const QString& text, QWidget* parent) {
     return label;
 }
 
-QSlider* rowSlider(Slider& control, const QString& name, QWidget* parent) {
+// A row's sliders are named by the sound the row shows ("Owl volume"), following it
+// when the slot takes another sound.
+QSlider* rowSlider(Slider& control, Control& row, const QString& what, const QString& slotNumber,
+                   QWidget* parent) {
     auto* slider = new QSlider(Qt::Horizontal, parent);
     slider->setMinimumWidth(110);
     slider->setPageStep(25);
-    slider->setAccessibleName(name);
+    nameAfter(row, *slider, QLatin1Char(' ') + what);
+    slider->setAccessibleDescription(slotNumber);
     bindWidget(control, *slider);
     return slider;
 }
@@ -66,26 +70,29 @@ QWidget* slotColumn(RandomBank& bank, int firstSlot, QWidget* parent) {
         name->setMinimumWidth(
             name->fontMetrics().horizontalAdvance(QStringLiteral("Horse canter past 2")) + 16);
         bindWidget(slot.name, *name);
-        // The custom bank's captions change and repeat ("Not Set"): its rows go by number.
-        const QString label = bank.custom() ? QStringLiteral("Slot %1").arg(s) : name->text();
+        // The custom bank's captions repeat ("Not Set"): its rows also say their number.
+        const QString slotNumber = bank.custom() ? QStringLiteral("Slot %1").arg(s) : QString();
+        name->setAccessibleDescription(slotNumber);
         grid->addWidget(name, row, 0);
         if (bank.custom()) {
-            name->setAccessibleName(label);
             name->setContextMenuPolicy(Qt::CustomContextMenu);
             QObject::connect(name, &QWidget::customContextMenuRequested, name,
                              [&bank, s] { bank.renameSlot(s); });
             auto* chooser = new QPushButton(column);
             chooser->setFixedWidth(chooser->fontMetrics().horizontalAdvance(QStringLiteral("...")) +
                                    16);
-            chooser->setAccessibleName(label + QStringLiteral(" file"));
+            nameAfter(slot.name, *chooser, QStringLiteral(" file"));
+            chooser->setAccessibleDescription(slotNumber);
             chooser->setToolTip(QStringLiteral("Choose this slot's sound file"));
             bindWidget(slot.chooser, *chooser);
             grid->addWidget(chooser, row, 1);
         }
-        grid->addWidget(rowSlider(slot.volume, label + QStringLiteral(" volume"), column), row,
-                        volumeColumn);
-        grid->addWidget(rowSlider(slot.frequency, label + QStringLiteral(" frequency"), column),
-                        row, volumeColumn + 1);
+        grid->addWidget(
+            rowSlider(slot.volume, slot.name, QStringLiteral("volume"), slotNumber, column), row,
+            volumeColumn);
+        grid->addWidget(
+            rowSlider(slot.frequency, slot.name, QStringLiteral("frequency"), slotNumber, column),
+            row, volumeColumn + 1);
     }
     grid->setColumnStretch(volumeColumn, 1);
     grid->setColumnStretch(volumeColumn + 1, 1);
