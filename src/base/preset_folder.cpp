@@ -112,6 +112,10 @@ void PresetFolder::saveAs() {
 
 void PresetFolder::remove() {
     const std::string name = box_.text();
+    if (name.empty() || name == texts_.noneSelected) {
+        dialogs_.message(MessageKind::Information, texts_.noneSelected);
+        return;
+    }
     if (name == texts_.defaultName) {
         dialogs_.message(MessageKind::Information, texts_.defaultUndeletable);
         return;
@@ -120,7 +124,7 @@ void PresetFolder::remove() {
         return;
     }
     std::error_code ec;
-    if (name.empty() || !fs::remove(file(name), ec)) {
+    if (!fs::remove(file(name), ec)) {
         dialogs_.message(MessageKind::Information, texts_.deleteFailed);
         return;
     }

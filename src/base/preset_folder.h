@@ -72,7 +72,8 @@ class PresetFolder {
     void save();
     // "Save As": asks for a name, writes, and lists it.
     void saveAs();
-    // "Delete": the preset the box names, after asking; the default is kept.
+    // "Delete": the preset the box names, after asking; the default is kept, and a box
+    // naming none says so.
     void remove();
     // "Defaults": after asking, the default preset is selected and so loaded.
     void restoreDefaults();

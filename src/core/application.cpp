@@ -35,6 +35,7 @@ Application::Application(const Platform& platform)
       FRMOPTIONS(*this),
       frmevolve(*this),
       frmbwave(*this),
+      frmeffects(*this),
       Alarm(*this),
       Timers(*this),
       frmaddscenariodirectory(*this),
@@ -124,6 +125,7 @@ void Application::unloadPanels() {
     Frmsoundindent.unload();
     frmevolve.unload();
     frmbwave.unload();
+    frmeffects.unload();
     Timers.unload();
     FRMOPTIONS.unload();
     STARTUP.unload();

@@ -29,6 +29,7 @@
 #include "core/platform.h"
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
+#include "fx/frmeffects.h"
 #include "scheduling/alarm_panel.h"
 #include "scheduling/scheduler_panel.h"
 #include "weather/frmevolve.h"
@@ -119,6 +120,8 @@ class Application {
     Frmevolve frmevolve;
     // The beat generator.
     Frmbwave frmbwave;
+    // The equalizer and the reverb over all the sound.
+    Frmeffects frmeffects;
     // The alarm clock.
     AlarmPanel Alarm;
     // The scheduler, and its folder chooser.

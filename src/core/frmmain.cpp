@@ -156,6 +156,7 @@ void Frmmain::load() {
     // 18. Timers loads hidden and its schedule runs from here; frmeffects loads hidden.
     app_.frmaddscenariodirectory.load();
     app_.Timers.load();
+    app_.frmeffects.load();
     // 19. "Static" and "Disabled" on the weather and night lines.
     LCD4.setLine(3, "Static");
     LCD4.setLine(4, "Disabled");

@@ -25,7 +25,6 @@ void Frmmain::wireConsole() {
     };
     placeholder(mp3Button, "MP3");
     placeholder(cdButton, "CD");
-    placeholder(effectsButton, "Effects");
     placeholder(colorsButton, "Colors");
     placeholder(importButton, "Import");
     placeholder(exportButton, "Export");
@@ -47,6 +46,9 @@ void Frmmain::wireConsole() {
     evolveButton.setCaption("Evolve");
     evolveButton.setToolTip("Rain, thunder and the night coming by themselves");
     evolveButton.onClick = [this] { app_.frmevolve.window.show(); };
+    effectsButton.setCaption("Effects");
+    effectsButton.setToolTip("The equalizer and the reverb over all the sound");
+    effectsButton.onClick = [this] { app_.frmeffects.window.show(); };
 
     optionsButton.setCaption("Options");
     optionsButton.onClick = [this] { app_.FRMOPTIONS.window.show(); };

@@ -617,10 +617,17 @@ void Mixer::retire(ChainBox* box) {
 
 void Mixer::runEffects() {
     // A new chain fades in over the old one's output (or the dry mix), so that a
-    // rebuild neither clicks nor leaves the old tail running.
+    // rebuild does not click; an effect the new chain no longer has lets its tail go
+    // within the fade.
     if (fading_) {
         fadeMix_ = mix_;
         if (fadingChain_ != nullptr) {
+            // A rebuilt chain takes over the tails of the one it replaces before either
+            // runs on, so a room keeps ringing through a change of its settings (a slider
+            // dragged across its range) and only the settings cross-fade.
+            if (!chainHasPlayed_ && chain_ != nullptr) {
+                chain_->chain->continueFrom(*fadingChain_->chain);
+            }
             fadingChain_->chain->process(fadeMix_.data(), kSubBlockFrames);
         }
     }

@@ -337,12 +337,19 @@ int MixerEngine::enableEffect(EffectKind kind) {
         return -1;
     }
     effects_ = std::move(next);
+    swapInChain(std::move(box));
+    return static_cast<int>(effects_.size()) - 1;
+}
+
+void MixerEngine::swapInChain(std::unique_ptr<ChainBox> box) {
+    if (!box) {
+        return;
+    }
     MixCommand command;
     command.op = MixCommand::Op::SwapChain;
     command.chain = box.get();
     chains_.push_back(std::move(box));
     send(command);
-    return static_cast<int>(effects_.size()) - 1;
 }
 
 void MixerEngine::disableEffects() {
@@ -363,6 +370,13 @@ void MixerEngine::sendParams(
     }
     // Kept for the chains built later, and sent to the sounding one.
     effects_[static_cast<std::size_t>(id)].params = params;
+    if (kind != EffectKind::Equalizer) {
+        // A room or an echo changed in place would jump to its new delays: the chain is
+        // built again instead, and the mixer fades to it with the tails carried over.
+        collectReleased();
+        swapInChain(buildChain(effects_));
+        return;
+    }
     MixCommand command;
     command.op = op;
     command.value = id;

@@ -102,6 +102,8 @@ class MixerEngine final : public SoundEngine {
     // of it, or one kept a moment ago.
     std::optional<DecodedSample> decodeAtHand(const FileIdentity& file);
     std::unique_ptr<ChainBox> buildChain(const std::vector<Effect>& effects) const;
+    // Hands a built chain to the mixer, which fades to it; null does nothing.
+    void swapInChain(std::unique_ptr<ChainBox> box);
     void sendParams(
         MixCommand::Op op, int id, EffectKind kind,
         const std::variant<std::monostate, EqualizerBandParams, ReverbParams, EchoParams>& params);

@@ -77,14 +77,18 @@ TEST(RoomReverb, FirstReflectionArrivesAtReflectionsDelay) {
 }
 
 TEST(RoomReverb, ValuesOutsideTheirRangesStandAtTheNearestEnd) {
-    // The panel's Reflections slider maps up to +18398 mB: it acts as +1000, the top.
+    // The panel's Reflections slider arrives 21000 mB high: its default 7398 + 11000 is the
+    // I3DL2 default, -2602; just above the top is the top.
     auto wetWith = [](auto change) {
         ReverbParams p;
         change(p);
         return wetImpulse(p, 0.3).left;
     };
     const auto atTop = wetWith([](ReverbParams& p) { p.reflections = 1000.0f; });
-    EXPECT_EQ(wetWith([](ReverbParams& p) { p.reflections = 18398.0f; }), atTop);
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.reflections = 1500.0f; }), atTop);
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.reflections = 18398.0f; }),
+              wetWith([](ReverbParams& p) { p.reflections = -2602.0f; }));
+    EXPECT_EQ(wetWith([](ReverbParams& p) { p.reflections = 22000.0f; }), atTop);
     EXPECT_NE(wetWith([](ReverbParams& p) { p.reflections = 0.0f; }), atTop);
     EXPECT_EQ(wetWith([](ReverbParams& p) { p.decayTime = 0.0f; }),
               wetWith([](ReverbParams& p) { p.decayTime = 0.1f; }));

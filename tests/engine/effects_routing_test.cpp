@@ -90,31 +90,38 @@ TEST_F(EffectsRouting, EqualizerBandsReachTheMixByTheirIdsAndOtherIdsChangeNothi
     EXPECT_EQ(engine.enableEffect(EffectKind::Reverb), 0);
 }
 
-TEST_F(EffectsRouting, ARebuildWhilePausedNeitherClicksNorKeepsTheOldTail) {
+TEST_F(EffectsRouting, ARebuildCarriesTheTailOnAndOnlyADroppedEffectLetsItGo) {
     playLoop();
     const int reverb = engine.enableEffect(EffectKind::Reverb);
     engine.setReverb(reverb, bigRoom());
     // Whole sub-blocks, so that each call lands on the first frame of the next render.
     engine.render(44160);
 
-    // The panel's rebuild: pause all, drop every effect, build the chain again.
+    // The panel's rebuild while paused: drop every effect, build the chain again.
     engine.setAllPaused(true);
     const std::vector<float> before = engine.render(4096);  // only the tail sounds now
     const std::vector<float> tailOnly = side(before, 0, 1024);
     ASSERT_GT(rms(tailOnly), 1e-3);
     engine.disableEffects();
-    const int rebuilt = engine.enableEffect(EffectKind::Reverb);
-    engine.setReverb(rebuilt, bigRoom());
+    ReverbParams darker = bigRoom();
+    darker.roomHF = -600.0f;
+    engine.setReverb(engine.enableEffect(EffectKind::Reverb), darker);
     const std::vector<float> after = engine.render(4096);
 
-    // No jump at the hand-over larger than the tail makes by itself...
+    // No jump at the hand-over larger than the tail makes by itself, and the room rings
+    // on through the new settings instead of starting from silence.
     std::vector<float> across(tailOnly.end() - 64, tailOnly.end());
     const std::vector<float> next = side(after, 0, 0, 512);
     across.insert(across.end(), next.begin(), next.end());
     EXPECT_LT(largestStep(across), 1.5 * largestStep(tailOnly));
-    // ...and the old tail is gone once the fade is over: the new reverb hears silence.
-    EXPECT_EQ(peak(side(after, 0, 256)), 0.0);
-    EXPECT_EQ(peak(side(after, 1, 256)), 0.0);
+    EXPECT_GT(rms(side(after, 0, 2048)), 0.5 * rms(side(before, 0, 2048)));
+
+    // A chain without the reverb lets the tail go within the fade.
+    engine.disableEffects();
+    engine.enableEffect(EffectKind::Equalizer);
+    const std::vector<float> dropped = engine.render(4096);
+    EXPECT_EQ(peak(side(dropped, 0, 256)), 0.0);
+    EXPECT_EQ(peak(side(dropped, 1, 256)), 0.0);
 
     engine.setAllPaused(false);
     EXPECT_GT(rms(side(engine.render(8192), 0, 4096)), 0.1);

@@ -1,6 +1,6 @@
 // scenariogen: writes the stock scenarios, the first run's soundscape, the stock preset
-// list, and the stock weather and brainwave presets into a folder laid out as the
-// install tree (config/scenarios, config/presets, config/evolve, config/bwaves).
+// list, and the stock weather, brainwave and effects presets into a folder laid out as the
+// install tree (config/scenarios, config/presets, config/evolve, config/bwaves, config/fx).
 //
 //   scenariogen <folder>
 //
@@ -25,6 +25,7 @@
 #include "engine/recording_engine.h"
 #include "scenarios/scenario_files.h"
 #include "stock_brainwaves.h"
+#include "stock_effects.h"
 #include "stock_scenarios.h"
 #include "stock_weather.h"
 
@@ -194,6 +195,32 @@ bool saveBrainwavePresets(const fs::path& out) {
     return ok;
 }
 
+// Each curve and room set on a fresh panel's sliders and saved by its own writers.
+bool saveEffectsPresets(const fs::path& out) {
+    bool ok = true;
+    fs::create_directories(out / Frmeffects::kEqFolder);
+    fs::create_directories(out / Frmeffects::kReverbFolder);
+    for (const stock::EqPreset& p : stock::eqPresets()) {
+        HeadlessProgram program;
+        Frmeffects& fx = program.app.frmeffects;
+        for (std::size_t i = 0; i < p.bands.size(); ++i) {
+            fx.VScroll1[i].setValue(p.bands[i]);
+        }
+        ok = ok &&
+             fx.eqPresets.write(out / Frmeffects::kEqFolder / (p.name + Frmeffects::kEqExtension));
+    }
+    for (const stock::ReverbPreset& p : stock::reverbPresets()) {
+        HeadlessProgram program;
+        Frmeffects& fx = program.app.frmeffects;
+        for (std::size_t i = 0; i < p.sliders.size(); ++i) {
+            fx.hscroll101[i].setValue(p.sliders[i]);
+        }
+        ok = ok && fx.reverbPresets.write(out / Frmeffects::kReverbFolder /
+                                          (p.name + Frmeffects::kReverbExtension));
+    }
+    return ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -211,14 +238,15 @@ int main(int argc, char** argv) {
     fs::create_directories(out / kPresetFolder);
     ok = ok && writeFileAtomically(out / kPresetFolder / (list.name + kPresetListExtension),
                                    writePresetList(list.captions));
-    ok = ok && saveWeatherPresets(out) && saveBrainwavePresets(out);
+    ok = ok && saveWeatherPresets(out) && saveBrainwavePresets(out) && saveEffectsPresets(out);
     if (!ok) {
         return 1;
     }
     std::printf(
         "scenariogen: %zu scenarios, the preset list \"%s\", %zu weather and %zu brainwave "
-        "presets in %s\n",
+        "presets, %zu equalizer and %zu reverb presets in %s\n",
         recipes.size(), list.name.c_str(), stock::weatherPresets().size(),
-        stock::brainwavePresets().size(), out.string().c_str());
+        stock::brainwavePresets().size(), stock::eqPresets().size(), stock::reverbPresets().size(),
+        out.string().c_str());
     return 0;
 }

@@ -9,6 +9,7 @@
 #include "ui/banks/random/random_bank_view.h"
 #include "ui/binding/bindings.h"
 #include "ui/brainwaves/bwave_view.h"
+#include "ui/fx/effects_view.h"
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
@@ -41,6 +42,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.FRMOPTIONS.window, std::make_unique<OptionsView>(app.FRMOPTIONS));
     add(app.frmevolve.window, std::make_unique<EvolveView>(app.frmevolve));
     add(app.frmbwave.window, std::make_unique<BwaveView>(app.frmbwave));
+    add(app.frmeffects.window, std::make_unique<EffectsView>(app.frmeffects));
     add(app.Alarm.window, std::make_unique<AlarmView>(app.Alarm));
     add(app.Timers.window, std::make_unique<SchedulerView>(app.Timers));
     add(app.frmaddscenariodirectory.window,

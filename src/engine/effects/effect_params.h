@@ -44,7 +44,8 @@ struct EchoParams {
 
 // The same parameters with every value brought into the range it acts in. Values outside a
 // range are clamped, never refused, so that every setting of the effects panel has an effect;
-// a NaN takes the default.
+// a NaN takes the default. A reflections level of +11000 mB or more is the effects panel's
+// Reflections slider, sent as value + 11000: it is read as value - 10000, then clamped.
 EqualizerBandParams clampedToRange(const EqualizerBandParams& p);
 ReverbParams clampedToRange(const ReverbParams& p);
 EchoParams clampedToRange(const EchoParams& p);

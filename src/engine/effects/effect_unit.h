@@ -17,6 +17,11 @@ class EffectUnit {
     virtual void process(float* io, int frames) = 0;
     // Clears every tail and history: the next output depends only on the next input.
     virtual void reset() = 0;
+    // Carries on from where `other` stands: takes its tails and histories and keeps this
+    // unit's own settings, so that a chain rebuilt with new settings goes on sounding
+    // instead of starting from silence. `other` is a unit of the same kind built for the
+    // same rate; anything else leaves this unit as it is. No allocation.
+    virtual void continueFrom(const EffectUnit& other) = 0;
 };
 
 }  // namespace brevane

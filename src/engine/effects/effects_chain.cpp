@@ -118,4 +118,24 @@ void EffectsChain::reset() {
     }
 }
 
+void EffectsChain::continueFrom(const EffectsChain& other) {
+    if (&other == this) {
+        return;
+    }
+    for (std::size_t i = 0; i < effects_.size(); ++i) {
+        EffectUnit& unit = *effects_[i].unit;
+        // Which effect of its kind this one is, and the same one in the other chain.
+        int nth = 0;
+        for (std::size_t j = 0; j < i; ++j) {
+            nth += effects_[j].unit->kind() == unit.kind() ? 1 : 0;
+        }
+        for (const Entry& theirs : other.effects_) {
+            if (theirs.unit->kind() == unit.kind() && nth-- == 0) {
+                unit.continueFrom(*theirs.unit);
+                break;
+            }
+        }
+    }
+}
+
 }  // namespace brevane

@@ -56,6 +56,12 @@ class EffectsChain {
     void process(float* interleavedStereo, int frames);
     // Clears every tail; settings and ids stay.
     void reset();
+    // Carries on from `other`'s sound: the n-th effect of each kind here takes the tails of
+    // the n-th effect of that kind there, keeping its own settings (see
+    // EffectUnit::continueFrom); an effect without a counterpart stays silent. Lets a chain
+    // rebuilt with new settings, or with an effect more or less, go on without a gap in its
+    // tails. Never allocates; same thread rules as process().
+    void continueFrom(const EffectsChain& other);
 
     int sampleRate() const { return sampleRate_; }
     int effectCount() const { return static_cast<int>(effects_.size()); }

@@ -107,4 +107,16 @@ void EqualizerBand::reset() {
     idle_ = true;
 }
 
+void EqualizerBand::continueFrom(const EffectUnit& other) {
+    if (other.kind() != EffectKind::Equalizer) {
+        return;
+    }
+    const auto& band = static_cast<const EqualizerBand&>(other);
+    if (band.sampleRate_ != sampleRate_) {
+        return;
+    }
+    state_ = band.state_;
+    idle_ = band.idle_;
+}
+
 }  // namespace brevane

@@ -24,6 +24,7 @@ class EqualizerBand final : public EffectUnit {
     void set(const EqualizerBandParams& p);
     void process(float* io, int frames) override;
     void reset() override;
+    void continueFrom(const EffectUnit& other) override;
 
     // Runs `count` (1..kMaxSeries) bands one after the other on the sound in a single pass
     // over it, so that the bands' recursions overlap in the processor instead of waiting on

@@ -86,8 +86,7 @@ RoomReverb::RoomReverb(double sampleRate) : sampleRate_(sampleRate) {
 
 void RoomReverb::set(const ReverbParams& p) {
     // Every value outside its I3DL2 range is clamped into it here, never refused, so that each
-    // slider of the effects panel acts; the panel's Reflections slider reaches above the top
-    // of its range and then stands at the top.
+    // slider of the effects panel acts (see clampedToRange for its Reflections slider).
     const ReverbParams q = clampedToRange(p);
 
     const double refHz = std::min(double{q.hfReference}, 0.45 * sampleRate_);
@@ -266,6 +265,26 @@ void RoomReverb::reset() {
     std::fill(diffusers_.begin(), diffusers_.end(), 0.0f);
     roomHfState_ = {};
     lineDecayState_ = {};
+}
+
+void RoomReverb::continueFrom(const EffectUnit& other) {
+    if (other.kind() != EffectKind::Reverb) {
+        return;
+    }
+    const auto& room = static_cast<const RoomReverb&>(other);
+    if (room.sampleRate_ != sampleRate_) {
+        return;
+    }
+    // The rings are sized by the rate alone, so they match; the new settings read them
+    // from their own taps and lengths.
+    std::copy(room.in_.begin(), room.in_.end(), in_.begin());
+    std::copy(room.lines_.begin(), room.lines_.end(), lines_.begin());
+    std::copy(room.diffusers_.begin(), room.diffusers_.end(), diffusers_.begin());
+    inPos_ = room.inPos_;
+    linePos_ = room.linePos_;
+    diffuserPos_ = room.diffuserPos_;
+    roomHfState_ = room.roomHfState_;
+    lineDecayState_ = room.lineDecayState_;
 }
 
 }  // namespace brevane

@@ -38,6 +38,7 @@ class RoomReverb final : public EffectUnit {
     void set(const ReverbParams& p);
     void process(float* io, int frames) override;
     void reset() override;
+    void continueFrom(const EffectUnit& other) override;
 
   private:
     static constexpr int kTapsPerSide = 6;

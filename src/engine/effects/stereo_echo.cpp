@@ -61,4 +61,17 @@ void StereoEcho::reset() {
     std::fill(right_.begin(), right_.end(), 0.0f);
 }
 
+void StereoEcho::continueFrom(const EffectUnit& other) {
+    if (other.kind() != EffectKind::Echo) {
+        return;
+    }
+    const auto& echo = static_cast<const StereoEcho&>(other);
+    if (echo.left_.size() != left_.size()) {
+        return;
+    }
+    std::copy(echo.left_.begin(), echo.left_.end(), left_.begin());
+    std::copy(echo.right_.begin(), echo.right_.end(), right_.begin());
+    pos_ = echo.pos_;
+}
+
 }  // namespace brevane

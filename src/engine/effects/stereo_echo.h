@@ -24,6 +24,7 @@ class StereoEcho final : public EffectUnit {
     void set(const EchoParams& p);
     void process(float* io, int frames) override;
     void reset() override;
+    void continueFrom(const EffectUnit& other) override;
 
   private:
     double sampleRate_;
