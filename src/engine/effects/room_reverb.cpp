@@ -40,6 +40,11 @@ constexpr std::array<double, 3> kDiffuserLeftMs{2.9, 4.3, 6.1};
 constexpr std::array<double, 3> kDiffuserRightMs{3.1, 4.7, 6.4};
 constexpr double kMaxDiffuserGain = 0.7;
 
+// The sample `w` of the way from a to b.
+float between(float a, float b, float w) {
+    return a + w * (b - a);
+}
+
 unsigned powerOfTwoAbove(int n) {
     unsigned size = 1;
     while (size <= static_cast<unsigned>(std::max(n, 0))) {
@@ -97,6 +102,7 @@ void RoomReverb::set(const ReverbParams& p) {
 
     // Early reflections, their energy normalised to the level asked for.
     const int first = samplesOf(q.reflectionsDelay, sampleRate_);
+    firstTap_ = static_cast<unsigned>(first);
     const double earlyGain = millibelsToGain(q.reflections);
     auto placeTaps = [&](const std::array<TapShape, 6>& shape, std::array<unsigned, 6>& offsets,
                          std::array<float, 6>& gains, unsigned ownSide) {
@@ -120,7 +126,7 @@ void RoomReverb::set(const ReverbParams& p) {
     // written as c (a + t b), c (b - t a) with t = tan(angle): the three factors c are taken
     // out of the loop into the decay filters.
     const double angle = std::numbers::pi / 4.0 * q.diffusion / 100.0;
-    mixTan_ = static_cast<float>(std::tan(angle));
+    mixTanTarget_ = static_cast<float>(std::tan(angle));
     const double mixScale = std::pow(std::cos(angle), 3.0);
 
     // Late network.
@@ -138,7 +144,7 @@ void RoomReverb::set(const ReverbParams& p) {
         c.b0 = static_cast<float>(c.b0 * mixScale);
         c.b1 = static_cast<float>(c.b1 * mixScale);
         c.b2 = static_cast<float>(c.b2 * mixScale);
-        BiquadLanes& lanes = lineDecay_[i / 4];
+        BiquadLanes& lanes = lineDecayTarget_[i / 4];
         const std::size_t lane = i % 4;
         lanes.b0[lane] = c.b0;
         lanes.b1[lane] = c.b1;
@@ -147,7 +153,7 @@ void RoomReverb::set(const ReverbParams& p) {
         lanes.a2[lane] = c.a2;
         // Each input side feeds half of the lines; a line's recirculation adds up to
         // 1 / (1 - g^2) in energy, which this cancels.
-        lineInput_[i / 4][lane] =
+        lineInputTarget_[i / 4][lane] =
             static_cast<float>(std::sqrt((1.0 - gainLow * gainLow) / (kLines / 2)));
     }
     const unsigned shortest = *std::min_element(lineLength_.begin(), lineLength_.end());
@@ -157,13 +163,77 @@ void RoomReverb::set(const ReverbParams& p) {
         std::max(0, samplesOf(double{q.reflectionsDelay} + q.reverbDelay, sampleRate_) -
                         static_cast<int>(shortest)));
     lateGain_ = millibelsToGain(q.reverb);
-    diffuserGain_ = static_cast<float>(kMaxDiffuserGain * q.diffusion / 100.0);
+    diffuserGainTarget_ = static_cast<float>(kMaxDiffuserGain * q.diffusion / 100.0);
+    settle();
+}
+
+void RoomReverb::settle() {
+    gliding_ = false;
+    rampLeft_ = 0;
+    fadeFrom_ = settings();
+    fadeTo_ = fadeFrom_;
+    fadeAt_ = kRampFrames;
+    diffuserGain_ = diffuserGainTarget_;
+    mixTan_ = mixTanTarget_;
+    lineDecay_ = lineDecayTarget_;
+    lineInput_ = lineInputTarget_;
+}
+
+RoomReverb::Delays RoomReverb::settings() const {
+    return Delays{firstTap_, lateTap_, lineLength_};
+}
+
+bool RoomReverb::glideOn() {
+    bool settled = false;
+    if (fadeAt_ < kRampFrames) {
+        ++fadeAt_;
+    } else if (fadeTo_ == settings()) {
+        settled = true;
+    } else {
+        // A fade taken over from another unit has ended on that unit's delays: on to these.
+        fadeFrom_ = fadeTo_;
+        fadeTo_ = settings();
+        fadeAt_ = 0;
+    }
+    if (rampLeft_ > 0 && --rampLeft_ > 0) {
+        diffuserGain_ += diffuserGainStep_;
+        mixTan_ += mixTanStep_;
+        for (std::size_t j = 0; j < 2; ++j) {
+            BiquadLanes& now = lineDecay_[j];
+            const BiquadLanes& step = lineDecayStep_[j];
+            now.b0 += step.b0;
+            now.b1 += step.b1;
+            now.b2 += step.b2;
+            now.a1 += step.a1;
+            now.a2 += step.a2;
+            lineInput_[j] += lineInputStep_[j];
+        }
+        return false;
+    }
+    // The ramp's last frame lands exactly on the settings.
+    diffuserGain_ = diffuserGainTarget_;
+    mixTan_ = mixTanTarget_;
+    lineDecay_ = lineDecayTarget_;
+    lineInput_ = lineInputTarget_;
+    return settled;
 }
 
 void RoomReverb::process(float* io, int frames) {
-    if (frames <= 0) {
-        return;
+    int done = 0;
+    while (done < frames) {
+        // Settled, each delay is read once and nothing ramps: the glide costs nothing once
+        // it is over.
+        done += gliding_ ? run<true>(io + 2 * done, frames - done)
+                         : run<false>(io + 2 * done, frames - done);
     }
+    roomHfState_.flushTiny();
+    for (BiquadState& state : lineDecayState_) {
+        state.flushTiny();
+    }
+}
+
+template <bool kGliding>
+int RoomReverb::run(float* io, int frames) {
     float* const in = in_.data();
     float* const lines = lines_.data();
     const unsigned inMask = inMask_;
@@ -171,10 +241,10 @@ void RoomReverb::process(float* io, int frames) {
     const std::size_t size = lineSize_;
     const float room = roomGain_;
     const float late = lateGain_;
-    const float diffusion = diffuserGain_;
-    const float t = mixTan_;
-    const Float4 halfTurn = Float4{1.0f, 1.0f, -1.0f, -1.0f} * t;
-    const Float4 pairTurn = Float4{1.0f, -1.0f, 1.0f, -1.0f} * t;
+    float diffusion = diffuserGain_;
+    float t = mixTan_;
+    Float4 halfTurn = Float4{1.0f, 1.0f, -1.0f, -1.0f} * t;
+    Float4 pairTurn = Float4{1.0f, -1.0f, 1.0f, -1.0f} * t;
     const Float4 leftSigns{1.0f, 1.0f, -1.0f, -1.0f};
     unsigned inPos = inPos_;
     unsigned linePos = linePos_;
@@ -190,7 +260,10 @@ void RoomReverb::process(float* io, int frames) {
         return delayed - diffusion * w;
     };
 
-    for (int frame = 0; frame < frames; ++frame) {
+    constexpr float kFadeStep = 1.0f / kRampFrames;
+    float fade = static_cast<float>(fadeAt_) * kFadeStep;
+    int frame = 0;
+    while (frame < frames) {
         const float dryL = io[2 * frame];
         const float dryR = io[2 * frame + 1];
         const Float4 wet = roomHfState_.process(roomHf_, Float4{dryL * room, dryR * room, 0, 0});
@@ -202,14 +275,35 @@ void RoomReverb::process(float* io, int frames) {
         const unsigned here = 2 * inPos;
         float earlyL = 0.0f;
         float earlyR = 0.0f;
-        for (std::size_t k = 0; k < kTapsPerSide; ++k) {
-            earlyL += tapLeftGain_[k] * in[(here + tapLeftOffset_[k]) & stereoMask];
-            earlyR += tapRightGain_[k] * in[(here + tapRightOffset_[k]) & stereoMask];
+        float feedL = 0.0f;
+        float feedR = 0.0f;
+        if constexpr (kGliding) {
+            // Every tap stands as far from its setting as the first reflection does.
+            const unsigned from = here + 2 * (firstTap_ - fadeFrom_.first);
+            const unsigned to = here + 2 * (firstTap_ - fadeTo_.first);
+            float fromL = 0.0f;
+            float fromR = 0.0f;
+            for (std::size_t k = 0; k < kTapsPerSide; ++k) {
+                fromL += tapLeftGain_[k] * in[(from + tapLeftOffset_[k]) & stereoMask];
+                fromR += tapRightGain_[k] * in[(from + tapRightOffset_[k]) & stereoMask];
+                earlyL += tapLeftGain_[k] * in[(to + tapLeftOffset_[k]) & stereoMask];
+                earlyR += tapRightGain_[k] * in[(to + tapRightOffset_[k]) & stereoMask];
+            }
+            earlyL = between(fromL, earlyL, fade);
+            earlyR = between(fromR, earlyR, fade);
+            const unsigned lateFrom = 2 * ((inPos - fadeFrom_.late) & inMask);
+            const unsigned lateTo = 2 * ((inPos - fadeTo_.late) & inMask);
+            feedL = between(in[lateFrom], in[lateTo], fade);
+            feedR = between(in[lateFrom + 1], in[lateTo + 1], fade);
+        } else {
+            for (std::size_t k = 0; k < kTapsPerSide; ++k) {
+                earlyL += tapLeftGain_[k] * in[(here + tapLeftOffset_[k]) & stereoMask];
+                earlyR += tapRightGain_[k] * in[(here + tapRightOffset_[k]) & stereoMask];
+            }
+            const unsigned lateAt = 2 * ((inPos - lateTap_) & inMask);
+            feedL = in[lateAt];
+            feedR = in[lateAt + 1];
         }
-
-        const unsigned lateAt = 2 * ((inPos - lateTap_) & inMask);
-        float feedL = in[lateAt];
-        float feedR = in[lateAt + 1];
         for (std::size_t a = 0; a < kAllPassesPerSide; ++a) {
             feedL = allPass(a, feedL);
             feedR = allPass(a + kAllPassesPerSide, feedR);
@@ -217,7 +311,13 @@ void RoomReverb::process(float* io, int frames) {
         diffuserPos = (diffuserPos + 1) & diffuserMask;
 
         auto tapLine = [&](std::size_t i) {
-            return lines[i * size + ((linePos - lineLength_[i]) & lineMask)];
+            const float* const ring = lines + i * size;
+            if constexpr (kGliding) {
+                return between(ring[(linePos - fadeFrom_.line[i]) & lineMask],
+                               ring[(linePos - fadeTo_.line[i]) & lineMask], fade);
+            } else {
+                return ring[(linePos - lineLength_[i]) & lineMask];
+            }
         };
         Float4 x0{tapLine(0), tapLine(1), tapLine(2), tapLine(3)};
         Float4 x1{tapLine(4), tapLine(5), tapLine(6), tapLine(7)};
@@ -249,14 +349,23 @@ void RoomReverb::process(float* io, int frames) {
         io[2 * frame + 1] = dryR + earlyR + late * lateR;
         inPos = (inPos + 1) & inMask;
         linePos = (linePos + 1) & lineMask;
+        ++frame;
+        if constexpr (kGliding) {
+            if (glideOn()) {
+                settle();
+                break;
+            }
+            fade = static_cast<float>(fadeAt_) * kFadeStep;
+            diffusion = diffuserGain_;
+            t = mixTan_;
+            halfTurn = Float4{1.0f, 1.0f, -1.0f, -1.0f} * t;
+            pairTurn = Float4{1.0f, -1.0f, 1.0f, -1.0f} * t;
+        }
     }
     inPos_ = inPos;
     linePos_ = linePos;
     diffuserPos_ = diffuserPos;
-    roomHfState_.flushTiny();
-    for (BiquadState& state : lineDecayState_) {
-        state.flushTiny();
-    }
+    return frame;
 }
 
 void RoomReverb::reset() {
@@ -285,6 +394,28 @@ void RoomReverb::continueFrom(const EffectUnit& other) {
     diffuserPos_ = room.diffuserPos_;
     roomHfState_ = room.roomHfState_;
     lineDecayState_ = room.lineDecayState_;
+
+    // The delays and the mixing start where the other unit's stand and glide to this one's.
+    fadeFrom_ = room.fadeFrom_;
+    fadeTo_ = room.fadeTo_;
+    fadeAt_ = room.fadeAt_;
+    diffuserGain_ = room.diffuserGain_;
+    mixTan_ = room.mixTan_;
+    lineDecay_ = room.lineDecay_;
+    lineInput_ = room.lineInput_;
+    constexpr float kShare = 1.0f / kRampFrames;
+    diffuserGainStep_ = (diffuserGainTarget_ - diffuserGain_) * kShare;
+    mixTanStep_ = (mixTanTarget_ - mixTan_) * kShare;
+    for (std::size_t j = 0; j < 2; ++j) {
+        const BiquadLanes& to = lineDecayTarget_[j];
+        const BiquadLanes& now = lineDecay_[j];
+        lineDecayStep_[j] = BiquadLanes{(to.b0 - now.b0) * kShare, (to.b1 - now.b1) * kShare,
+                                        (to.b2 - now.b2) * kShare, (to.a1 - now.a1) * kShare,
+                                        (to.a2 - now.a2) * kShare};
+        lineInputStep_[j] = (lineInputTarget_[j] - lineInput_[j]) * kShare;
+    }
+    rampLeft_ = kRampFrames;
+    gliding_ = true;
 }
 
 }  // namespace brevane

@@ -25,11 +25,19 @@ namespace brevane {
 // - `roomRolloffFactor` scales distance attenuation of a source; the whole mix has no
 //   distance, so it is accepted but changes nothing.
 //
-// Changes of setting apply at the next frame, without a glide: the program pauses the sound
-// around them.
+// set() applies at the next frame. A unit that carries on from another (continueFrom) starts
+// from that unit's delays and mixing instead and glides to its own over kRampFrames: every
+// delay is read at both its old and its new length, cross-faded, and the diffusion and the
+// lines' filters ramp. The program rebuilds the chain on every move of a slider, and a tail
+// carried into settings that jump would keep the corner of the jump, recirculating, long
+// after the mixer's cross-fade has hidden the first one. The delays fade rather than slide
+// because a sliding delay shifts the pitch of what it carries, and a shifted tail beats
+// against the dry sound.
 class RoomReverb final : public EffectUnit {
   public:
     static constexpr int kLines = 8;
+    // How long the delays, the mixing and the lines' filters take to reach new settings.
+    static constexpr int kRampFrames = 512;
 
     explicit RoomReverb(double sampleRate);
 
@@ -41,6 +49,14 @@ class RoomReverb final : public EffectUnit {
     void continueFrom(const EffectUnit& other) override;
 
   private:
+    // Runs up to `frames` frames and returns how many it ran: all of them when settled, or
+    // up to the frame where a glide reaches its settings.
+    template <bool kGliding>
+    int run(float* io, int frames);
+    // Moves the fades and ramps one frame on; true once all of them stand at their settings.
+    bool glideOn();
+    void settle();
+
     static constexpr int kTapsPerSide = 6;
     static constexpr int kAllPassesPerSide = 3;
 
@@ -62,6 +78,35 @@ class RoomReverb final : public EffectUnit {
     std::array<float, kTapsPerSide> tapRightGain_{};
 
     unsigned lateTap_ = 0;
+    unsigned firstTap_ = 0;  // the first reflection's delay, in frames
+
+    // The delays a fade reads, in frames: the first reflection's, the late tap's and each
+    // line's length.
+    struct Delays {
+        unsigned first = 0;
+        unsigned late = 0;
+        std::array<unsigned, kLines> line{};
+        bool operator==(const Delays&) const = default;
+    };
+    Delays settings() const;
+
+    // While gliding: the delays fading from fadeFrom_ to fadeTo_, fadeAt_ frames of
+    // kRampFrames in; a fade toward delays other than this unit's is followed by one toward
+    // them. The mixing and filters as they stand, stepping by *Step_ for rampLeft_ more
+    // frames toward *Target_.
+    bool gliding_ = false;
+    Delays fadeFrom_;
+    Delays fadeTo_;
+    int fadeAt_ = 0;
+    int rampLeft_ = 0;
+    float diffuserGainTarget_ = 0.0f;
+    float diffuserGainStep_ = 0.0f;
+    float mixTanTarget_ = 0.0f;
+    float mixTanStep_ = 0.0f;
+    std::array<BiquadLanes, 2> lineDecayTarget_{};
+    std::array<BiquadLanes, 2> lineDecayStep_{};
+    std::array<Float4, 2> lineInputTarget_{};
+    std::array<Float4, 2> lineInputStep_{};
 
     // Schroeder all-passes, (-g + z^-D) / (1 - g z^-D), three per side in series: rings of
     // diffuserSize_ each, left ones first, sharing one write position.
