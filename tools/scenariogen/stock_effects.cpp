@@ -18,7 +18,7 @@ const std::vector<EqPreset>& eqPresets() {
         // Small speakers cannot move the lowest bands: take them out before they rattle.
         {"Bass cut for speakers", {3, 7, 12, 15, 15, 15, 15, 15, 15, 15}},
         // For falling asleep: the hiss and the sharp edges gone, the low rumble kept.
-        {"Sleep: soft highs", {16, 16, 15, 15, 14, 11, 8, 5, 3, 2}},
+        {"Sleep (soft highs)", {16, 16, 15, 15, 14, 11, 8, 5, 3, 2}},
     };
     return all;
 }
