@@ -75,6 +75,9 @@ void applyToProgram() {
     p.setColor(QPalette::Disabled, QPalette::WindowText, muted);
     p.setColor(QPalette::Disabled, QPalette::Text, muted);
     p.setColor(QPalette::Disabled, QPalette::ButtonText, muted);
+    // A disabled slider's fill greys out with it, so what is live stands out (a bank's
+    // slots that are off, the effect that is switched off).
+    p.setColor(QPalette::Disabled, QPalette::Highlight, muted);
     QApplication::setPalette(p);
     QApplication::setFont(sized(kBodyPointSize));
 }

@@ -112,12 +112,6 @@ QSlider* rowSlider(Slider& control, Control& row, const QString& what, int pageS
     slider->setMinimumWidth(110);
     slider->setPageStep(pageStep);
     nameAfter(row, *slider, QLatin1Char(' ') + what);
-    // A slot that is off has its sliders disabled: its fill greys out with them, so
-    // the live channels stand out on the desk.
-    QPalette palette = slider->palette();
-    palette.setColor(QPalette::Disabled, QPalette::Highlight,
-                     palette.color(QPalette::Disabled, QPalette::WindowText));
-    slider->setPalette(palette);
     bindWidget(control, *slider);
     return slider;
 }
