@@ -455,22 +455,15 @@ void Mixer::apply(const MixCommand& c) {
         case Op::SwapChain:
             swapChain(c.chain);
             return;
-        case Op::SetEqualizerBand:
-        case Op::SetReverb:
-        case Op::SetEcho: {
+        case Op::SetEqualizerBand: {
             if (chain_ == nullptr || c.value < 0 ||
                 static_cast<std::size_t>(c.value) >= chain_->ids.size()) {
                 return;
             }
             const auto pos = static_cast<std::size_t>(c.value);
-            const int id = chain_->ids[pos];
-            const EffectKind kind = chain_->kinds[pos];
-            if (c.op == Op::SetEqualizerBand && kind == EffectKind::Equalizer) {
-                chain_->chain->setEqualizerBand(id, std::get<EqualizerBandParams>(c.params));
-            } else if (c.op == Op::SetReverb && kind == EffectKind::Reverb) {
-                chain_->chain->setReverb(id, std::get<ReverbParams>(c.params));
-            } else if (c.op == Op::SetEcho && kind == EffectKind::Echo) {
-                chain_->chain->setEcho(id, std::get<EchoParams>(c.params));
+            if (chain_->kinds[pos] == EffectKind::Equalizer) {
+                chain_->chain->setEqualizerBand(chain_->ids[pos],
+                                                std::get<EqualizerBandParams>(c.params));
             }
             return;
         }

@@ -46,19 +46,19 @@ struct ChainBox {
 // the next sub-block boundary, in the order sent.
 struct MixCommand {
     enum class Op : std::uint8_t {
-        Play,              // channel, generation, sample
-        Stop,              // channel, generation
-        Volume,            // channel, generation, value 0..255
-        Pan,               // channel, generation, value 0..255
-        Loop,              // channel, generation, value 0 or 1
-        Frequency,         // channel, generation, value in Hz
-        Pause,             // channel, generation, value 0 or 1
-        PauseAll,          // value 0 or 1
-        StopSample,        // sample: stops its voices; the sample is then released
-        SwapChain,         // chain (null: no effects)
-        SetEqualizerBand,  // value: position in the chain, params
-        SetReverb,         // value: position in the chain, params
-        SetEcho,           // value: position in the chain, params
+        Play,        // channel, generation, sample
+        Stop,        // channel, generation
+        Volume,      // channel, generation, value 0..255
+        Pan,         // channel, generation, value 0..255
+        Loop,        // channel, generation, value 0 or 1
+        Frequency,   // channel, generation, value in Hz
+        Pause,       // channel, generation, value 0 or 1
+        PauseAll,    // value 0 or 1
+        StopSample,  // sample: stops its voices; the sample is then released
+        SwapChain,   // chain (null: no effects)
+        // value: position in the chain, params. Only a band is changed in place (it
+        // glides); a room or an echo comes in a new chain.
+        SetEqualizerBand,
     };
     Op op = Op::Stop;
     std::uint8_t channel = 0;

@@ -361,39 +361,44 @@ void MixerEngine::disableEffects() {
     send(command);
 }
 
-void MixerEngine::sendParams(
-    MixCommand::Op op, int id, EffectKind kind,
+bool MixerEngine::keepParams(
+    int id, EffectKind kind,
     const std::variant<std::monostate, EqualizerBandParams, ReverbParams, EchoParams>& params) {
     if (id < 0 || static_cast<std::size_t>(id) >= effects_.size() ||
         effects_[static_cast<std::size_t>(id)].kind != kind) {
-        return;
+        return false;
     }
-    // Kept for the chains built later, and sent to the sounding one.
+    // Kept for the chains built later.
     effects_[static_cast<std::size_t>(id)].params = params;
-    if (kind != EffectKind::Equalizer) {
-        // A room or an echo changed in place would jump to its new delays: the chain is
-        // built again instead, and the mixer fades to it with the tails carried over.
-        collectReleased();
-        swapInChain(buildChain(effects_));
-        return;
-    }
-    MixCommand command;
-    command.op = op;
-    command.value = id;
-    command.params = params;
-    send(command);
+    return true;
 }
 
 void MixerEngine::setEqualizerBand(int id, const EqualizerBandParams& p) {
-    sendParams(MixCommand::Op::SetEqualizerBand, id, EffectKind::Equalizer, p);
+    if (!keepParams(id, EffectKind::Equalizer, p)) {
+        return;
+    }
+    // A band glides to its new gain, so it is changed in the sounding chain.
+    MixCommand command;
+    command.op = MixCommand::Op::SetEqualizerBand;
+    command.value = id;
+    command.params = p;
+    send(command);
 }
 
+// A room or an echo changed in place would jump to its new delays: the chain is built
+// again instead, and the mixer fades to it with the tails carried over.
 void MixerEngine::setReverb(int id, const ReverbParams& p) {
-    sendParams(MixCommand::Op::SetReverb, id, EffectKind::Reverb, p);
+    if (keepParams(id, EffectKind::Reverb, p)) {
+        collectReleased();
+        swapInChain(buildChain(effects_));
+    }
 }
 
 void MixerEngine::setEcho(int id, const EchoParams& p) {
-    sendParams(MixCommand::Op::SetEcho, id, EffectKind::Echo, p);
+    if (keepParams(id, EffectKind::Echo, p)) {
+        collectReleased();
+        swapInChain(buildChain(effects_));
+    }
 }
 
 void MixerEngine::render(float* out, int frames) {

@@ -104,8 +104,10 @@ class MixerEngine final : public SoundEngine {
     std::unique_ptr<ChainBox> buildChain(const std::vector<Effect>& effects) const;
     // Hands a built chain to the mixer, which fades to it; null does nothing.
     void swapInChain(std::unique_ptr<ChainBox> box);
-    void sendParams(
-        MixCommand::Op op, int id, EffectKind kind,
+    // Keeps the settings of effect `id` for the chains built later; false when `id` is
+    // not an effect of that kind in the chain.
+    bool keepParams(
+        int id, EffectKind kind,
         const std::variant<std::monostate, EqualizerBandParams, ReverbParams, EchoParams>& params);
 
     Output output_;
