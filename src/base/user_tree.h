@@ -4,7 +4,7 @@
 // Run from the build, the program's folder is the one it stands in: bin/, config/,
 // soundbanks/ and visual/ beside the executable, and everything the program writes goes
 // there. Installed, the stock tree lies read-only in the shared data folder
-// (<prefix>/share/brevane) and every user gets a folder of their own under
+// (<prefix>/share/brevane/stock) and every user gets a folder of their own under
 // $XDG_DATA_HOME/brevane, made from the stock tree at the first start:
 //
 // - config/ is copied, file by file: the user saves, overwrites and deletes scenarios,

@@ -15,11 +15,11 @@ void write(const fs::path& file, std::string_view text) {
     ASSERT_TRUE(writeFileAtomically(file, text));
 }
 
-// An installed prefix: the program in bin/, the stock tree in share/brevane.
+// An installed prefix: the program in bin/, the stock tree in share/brevane/stock.
 struct Installed : ::testing::Test {
     TempTree tmp;
     fs::path prefix = tmp.root() / "usr";
-    fs::path stock = prefix / "share/brevane";
+    fs::path stock = prefix / "share/brevane/stock";
     fs::path user = tmp.root() / "home/.local/share/brevane";
 
     void SetUp() override {
@@ -33,11 +33,11 @@ struct Installed : ::testing::Test {
 };
 
 TEST_F(Installed, TheStockTreeIsFoundFromTheProgramOnlyWhenNoTreeStandsBesideIt) {
-    EXPECT_EQ(installedStockTree(prefix / "bin", "../share/brevane"), stock);
+    EXPECT_EQ(installedStockTree(prefix / "bin", "../share/brevane/stock"), stock);
     // The build folder's way: the tree beside the program wins.
     fs::create_directories(prefix / "bin/config");
-    EXPECT_EQ(installedStockTree(prefix / "bin", "../share/brevane"), std::nullopt);
-    EXPECT_EQ(installedStockTree(tmp.root() / "nowhere", "../share/brevane"), std::nullopt);
+    EXPECT_EQ(installedStockTree(prefix / "bin", "../share/brevane/stock"), std::nullopt);
+    EXPECT_EQ(installedStockTree(tmp.root() / "nowhere", "../share/brevane/stock"), std::nullopt);
 
     EXPECT_EQ(userDataHome("/data", "/home/me"), "/data");
     EXPECT_EQ(userDataHome("relative/data", "/home/me"), "/home/me/.local/share");
@@ -76,12 +76,22 @@ TEST_F(Installed, TheFolderFollowsANewStockTreeWithoutUndoingWhatTheUserDid) {
     EXPECT_EQ(readWholeFile(user / "config/scenarios/Summer Storm.scn"), "my storm");
 
     // Installed elsewhere: the links into the old place are made again.
-    const fs::path moved = tmp.root() / "opt/share/brevane";
+    const fs::path moved = tmp.root() / "opt/share/brevane/stock";
     fs::create_directories(moved.parent_path());
     fs::rename(stock, moved);
     ASSERT_TRUE(prepareUserTree(moved, user, "2").ok);
     EXPECT_EQ(readWholeFile(user / "bin/1.isz"), "rain");
     EXPECT_EQ(readWholeFile(user / "config/scenarios/Summer Storm.scn"), "my storm");
+}
+
+TEST_F(Installed, InstalledIntoTheUsersOwnDataFolderTheStockTreeLiesInsideTheirs) {
+    // Installed with the prefix ~/.local, the user's folder holds the stock tree.
+    const fs::path home = prefix / "share/brevane";
+    ASSERT_TRUE(prepareUserTree(stock, home, "1").ok);
+    EXPECT_EQ(readWholeFile(home / "config/scenarios/Summer Storm.scn"), "stock storm");
+    EXPECT_TRUE(fs::is_symlink(home / "bin/1.isz"));
+    ASSERT_TRUE(writeFileAtomically(home / "config/scenarios/Summer Storm.scn", "my storm"));
+    EXPECT_EQ(readWholeFile(stock / "config/scenarios/Summer Storm.scn"), "stock storm");
 }
 
 TEST_F(Installed, AFolderThatCannotBeMadeIsReportedByName) {
