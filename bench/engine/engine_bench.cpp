@@ -6,13 +6,18 @@
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 #include <numbers>
 #include <string>
+#include <variant>
 #include <vector>
 
+#include "engine/decode_cache.h"
 #include "engine/mixer_engine.h"
 #include "engine/sound_file_writer.h"
 
@@ -85,15 +90,16 @@ void reportRealTime(benchmark::State& state) {
         frames * 1e-9, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
-// 1. Our mixer, offline, into memory.
-void BM_MixerRender32Loops(benchmark::State& state) {
+// 1. Our mixer, offline, into memory, from loops kept as floats (a float file) or as
+// 16-bit frames (a 16-bit file, as every stock sound is).
+void mixer32Loops(benchmark::State& state, SoundFileFormat format) {
     const Workload& w = workload();
     MixerEngine engine(MixerEngine::Output::Offline);
+    const std::string kind = format == SoundFileFormat::Wav16 ? "16-" : "float-";
     for (int k = 0; k < kLoops; ++k) {
-        const auto file = benchFolder() / ("loop" + std::to_string(k) + ".wav");
+        const auto file = benchFolder() / (kind + "loop" + std::to_string(k) + ".wav");
         if (!std::filesystem::exists(file)) {
-            writeSoundFile(file, w.loops[static_cast<std::size_t>(k)], 1, 44100,
-                           SoundFileFormat::WavFloat);
+            writeSoundFile(file, w.loops[static_cast<std::size_t>(k)], 1, 44100, format);
         }
         const ChannelHandle ch = engine.play(engine.loadSample(file));
         engine.setLoopMode(ch, LoopMode::Normal);
@@ -109,7 +115,14 @@ void BM_MixerRender32Loops(benchmark::State& state) {
     }
     reportRealTime(state);
 }
+void BM_MixerRender32Loops(benchmark::State& state) {
+    mixer32Loops(state, SoundFileFormat::WavFloat);
+}
 BENCHMARK(BM_MixerRender32Loops);
+void BM_MixerRender32Loops16(benchmark::State& state) {
+    mixer32Loops(state, SoundFileFormat::Wav16);
+}
+BENCHMARK(BM_MixerRender32Loops16);
 
 // 2. The same work through OpenAL Soft's loopback device, with its cubic resampler.
 void BM_OpenAlLoopback32Loops(benchmark::State& state) {
@@ -250,6 +263,50 @@ void BM_Load150Wav(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * kFiles);
 }
 BENCHMARK(BM_Load150Wav)->Unit(benchmark::kMillisecond);
+
+// 5. Memory of the stock library once decoded: every file of the install tree's bin/
+// (BREVANE_BENCH_TREE, or the build's own tree), kept in a decode cache with room for all
+// of it, whose byte count is what the samples take.
+void BM_DecodedStockLibraryBytes(benchmark::State& state) {
+    const char* env = std::getenv("BREVANE_BENCH_TREE");
+    const std::filesystem::path bin =
+        std::filesystem::path(env != nullptr ? env : BREVANE_TREE_DIR) / "bin";
+    std::vector<std::filesystem::path> files;
+    std::error_code ec;
+    for (const auto& entry : std::filesystem::directory_iterator(bin, ec)) {
+        files.push_back(entry.path());
+    }
+    if (files.empty()) {
+        state.SkipWithError("no stock library: generate the sounds or set BREVANE_BENCH_TREE");
+        return;
+    }
+    double frames = 0;
+    double sixteenBit = 0;
+    std::size_t bytes = 0;
+    for (auto _ : state) {
+        DecodeCache cache(std::numeric_limits<std::size_t>::max(), std::chrono::hours(1));
+        const auto now = DecodeCache::Clock::now();
+        frames = 0;
+        sixteenBit = 0;
+        for (const auto& f : files) {
+            auto decoded = decodeSampleFile(f);
+            const auto id = FileIdentity::of(f);
+            if (!decoded || !id) {
+                continue;
+            }
+            frames += static_cast<double>(frameCount(decoded->frames));
+            sixteenBit += std::holds_alternative<std::vector<std::int16_t>>(decoded->frames);
+            cache.keep(*id, std::move(*decoded), now);
+        }
+        bytes = cache.bytes();
+    }
+    state.counters["files"] = static_cast<double>(files.size());
+    state.counters["files_16bit"] = sixteenBit;
+    state.counters["frames"] = frames;
+    state.counters["MB"] = static_cast<double>(bytes) / 1e6;
+    state.counters["bytes_per_frame"] = static_cast<double>(bytes) / frames;
+}
+BENCHMARK(BM_DecodedStockLibraryBytes)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace brevane

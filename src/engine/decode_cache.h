@@ -34,7 +34,8 @@ class DecodeCache {
   public:
     using Clock = std::chrono::steady_clock;
 
-    // At most `byteBudget` bytes of frames, none older than `keepFor`.
+    // At most `byteBudget` bytes of frames, as they are kept (two bytes a frame for 16-bit
+    // frames, four for floats), none older than `keepFor`.
     DecodeCache(std::size_t byteBudget, Clock::duration keepFor);
 
     // The kept decode of exactly this file, taken out of the cache, or nothing.
@@ -55,7 +56,7 @@ class DecodeCache {
         DecodedSample decoded;
         Clock::time_point keptAt;
     };
-    static std::size_t bytesOf(const DecodedSample& d) { return d.frames.size() * sizeof(float); }
+    static std::size_t bytesOf(const DecodedSample& d) { return byteCount(d.frames); }
 
     std::size_t budget_;
     Clock::duration keepFor_;

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <type_traits>
+#include <variant>
 
 #include "engine/effects/denormals.h"
 #include "engine/effects/effects_chain.h"
@@ -67,6 +70,8 @@ inline Float4 hermite(Float4 xm1, Float4 x0, Float4 x1, Float4 x2, Float4 t) {
     return ((c3 * t + c2) * t + c1) * t + x0;
 }
 
+using Int4 = int __attribute__((vector_size(16)));
+
 inline Float4 load4(const float* p) {
     Float4 v;
     std::memcpy(&v, p, sizeof v);
@@ -77,7 +82,39 @@ inline void store4(float* p, Float4 v) {
     std::memcpy(p, &v, sizeof v);
 }
 
-using Int4 = int __attribute__((vector_size(16)));
+using Short8 = std::int16_t __attribute__((vector_size(16)));
+using UInt64x2 = std::uint64_t __attribute__((vector_size(16)));
+
+// Frames as the mixing loop reads them. A 16-bit frame is read as the top half of a
+// 32-bit integer, that is 65536 times its value: four of them take one interleave with
+// zero and one conversion, on any x86-64 processor, where a sign extension would take
+// more. The factor is a power of two and goes out again with the gains.
+constexpr float kInt16TapFactor = 65536.0f;
+// Full scale of the frames as read.
+template <typename T>
+constexpr float kTapScale =
+    std::is_same_v<T, std::int16_t> ? kInt16TapFactor* kInt16FullScale : 1.0f;
+
+inline float asTap(float x) {
+    return x;
+}
+inline float asTap(std::int16_t x) {
+    return static_cast<float>(x) * kInt16TapFactor;
+}
+
+// Four neighbouring frames.
+inline Float4 taps4(const float* p) {
+    return load4(p);
+}
+inline Float4 taps4(const std::int16_t* p) {
+    // One 64-bit load: filling part of a vector in memory would stall the load after it.
+    std::uint64_t bits;
+    std::memcpy(&bits, p, sizeof bits);
+    const Short8 v = std::bit_cast<Short8>(UInt64x2{bits, 0});
+    const Short8 high = __builtin_shufflevector(Short8{}, v, 0, 8, 1, 9, 2, 10, 3, 11);
+    return __builtin_convertvector(std::bit_cast<Int4>(high), Float4);
+}
+
 // Eight lanes: one AVX register where the processor has it, two SSE registers elsewhere.
 using Float8 = float __attribute__((vector_size(32)));
 using Int8 = int __attribute__((vector_size(32)));
@@ -87,16 +124,21 @@ using UInt8 = std::uint32_t __attribute__((vector_size(32)));
 // (Eight-lane code is written out where used: a function taking or returning eight lanes
 // would change its calling convention between the two builds of the mixing loop.)
 
-// Where a voice reads its sample.
+// Where a voice reads its sample: frames of type T, float or std::int16_t.
+template <typename T>
 struct Playhead {
-    const float* samples;
+    const T* samples;
     std::int64_t length;
     bool loop;
     std::uint64_t step;
     std::uint64_t pos;
 };
 
-// A voice's gains over one sub-block: a straight line from the first frame on.
+// A voice's gains over one sub-block: a straight line from the first frame on. They take
+// in the scale of the frames as read (kTapScale), so 16-bit frames are interpolated as
+// they come and reach full scale 1 only in the one multiplication by the gain. The
+// scale is a power of two: the mix comes out the same to the last bit as from the same
+// frames kept as floats.
 struct Gains {
     float left, leftStep, right, rightStep;
 };
@@ -104,9 +146,10 @@ struct Gains {
 // Adds one sub-block of a voice, resampled, to the mix; returns how many frames came
 // before the sound ended (a whole sub-block when it did not end). The innermost loop of
 // the mixer.
-[[gnu::always_inline]] inline int resampleBody(Playhead& h, const Gains& g, float* left,
+template <typename T>
+[[gnu::always_inline]] inline int resampleBody(Playhead<T>& h, const Gains& g, float* left,
                                                float* right) {
-    const float* s = h.samples;
+    const T* s = h.samples;
     const std::int64_t n = h.length;
     const std::uint64_t step = h.step;
     std::uint64_t pos = h.pos;
@@ -138,7 +181,7 @@ struct Gains {
                 static_cast<int>(room > step * wanted ? wanted : (room + step - 1) / step);
             // Steps one frame: returns its four taps, neighbours in memory, in one load.
             auto next = [&] {
-                const Float4 taps = load4(s + (pos >> kFractionBits) - 1);
+                const Float4 taps = taps4(s + (pos >> kFractionBits) - 1);
                 pos += step;
                 return taps;
             };
@@ -202,8 +245,9 @@ struct Gains {
                 add4(produced, hermite(xm1, x0, x1, x2, t));
             }
             for (; produced < end; ++produced) {
-                const float* p = s + (pos >> kFractionBits) - 1;
-                add1(produced, hermite(p[0], p[1], p[2], p[3], fractionOf(pos)));
+                const T* p = s + (pos >> kFractionBits) - 1;
+                add1(produced,
+                     hermite(asTap(p[0]), asTap(p[1]), asTap(p[2]), asTap(p[3]), fractionOf(pos)));
                 pos += step;
             }
             continue;
@@ -223,9 +267,9 @@ struct Gains {
                 if (i < 0) {
                     i += n;
                 }
-                return s[i];
+                return asTap(s[i]);
             }
-            return i < 0 || i >= n ? 0.0f : s[i];
+            return i < 0 || i >= n ? 0.0f : asTap(s[i]);
         };
         add1(produced++,
              hermite(tap(frame - 1), tap(frame), tap(frame + 1), tap(frame + 2), fractionOf(pos)));
@@ -235,7 +279,8 @@ struct Gains {
     return produced;
 }
 
-int resampleNarrow(Playhead& h, const Gains& g, float* left, float* right) {
+template <typename T>
+int resampleNarrow(Playhead<T>& h, const Gains& g, float* left, float* right) {
     return resampleBody(h, g, left, right);
 }
 
@@ -243,7 +288,9 @@ std::atomic<bool> wideLoopAllowed{true};
 
 #if defined(__x86_64__)
 // The same loop built for processors with AVX2, which take eight frames in one register.
-[[gnu::target("avx2")]] int resampleWide(Playhead& h, const Gains& g, float* left, float* right) {
+template <typename T>
+[[gnu::target("avx2")]] int resampleWide(Playhead<T>& h, const Gains& g, float* left,
+                                         float* right) {
     return resampleBody(h, g, left, right);
 }
 
@@ -252,7 +299,8 @@ bool useWideLoop() {
     return hasAvx2 && wideLoopAllowed.load(std::memory_order_relaxed);
 }
 #else
-int resampleWide(Playhead& h, const Gains& g, float* left, float* right) {
+template <typename T>
+int resampleWide(Playhead<T>& h, const Gains& g, float* left, float* right) {
     return resampleBody(h, g, left, right);
 }
 
@@ -560,20 +608,28 @@ void Mixer::mixVoice(int index) {
     v.gainR = r1;
 
     // Gains move in a straight line across the sub-block.
-    const Gains gains{l0, (l1 - l0) / static_cast<float>(kSubBlockFrames), r0,
-                      (r1 - r0) / static_cast<float>(kSubBlockFrames)};
-    Playhead head{v.sample->frames.data(), static_cast<std::int64_t>(v.sample->frames.size()),
-                  v.loop, v.step, v.pos};
-    const int n = useWideLoop() ? resampleWide(head, gains, left_.data(), right_.data())
-                                : resampleNarrow(head, gains, left_.data(), right_.data());
-    v.pos = head.pos;
+    const int n = std::visit(
+        [&](const auto& frames) {
+            using T = typename std::decay_t<decltype(frames)>::value_type;
+            constexpr float scale = 1.0f / kTapScale<T>;
+            const Gains gains{scale * l0, scale * (l1 - l0) / static_cast<float>(kSubBlockFrames),
+                              scale * r0, scale * (r1 - r0) / static_cast<float>(kSubBlockFrames)};
+            Playhead<T> head{frames.data(), static_cast<std::int64_t>(frames.size()), v.loop,
+                             v.step, v.pos};
+            const int made = useWideLoop()
+                                 ? resampleWide(head, gains, left_.data(), right_.data())
+                                 : resampleNarrow(head, gains, left_.data(), right_.data());
+            v.pos = head.pos;
+            return made;
+        },
+        v.sample->frames);
     if (n < kSubBlockFrames) {
         finish(index);
     }
 }
 
 bool Mixer::advanceSilently(Voice& v, int count) {
-    const auto n = static_cast<std::int64_t>(v.sample->frames.size());
+    const auto n = static_cast<std::int64_t>(frameCount(v.sample->frames));
     std::uint64_t pos = v.pos + v.step * static_cast<std::uint64_t>(count);
     const std::int64_t frame = frameOf(pos);
     if (frame >= n) {

@@ -10,6 +10,7 @@
 
 #include "engine/effects/effect_params.h"
 #include "engine/mix_format.h"
+#include "engine/sample_decoder.h"
 #include "engine/spsc_queue.h"
 
 namespace brevane {
@@ -18,8 +19,8 @@ class EffectsChain;
 
 // A decoded sample, owned by the interface thread and lent to the mixing thread.
 struct SampleRecord {
-    std::vector<float> frames;  // mono, never empty
-    int rate = kMixRate;        // the file's own rate, Hz
+    SampleFrames frames;
+    int rate = kMixRate;  // the file's own rate, Hz
 
     // Mixing-thread bookkeeping: written only by the thread that mixes.
     int voiceRefs = 0;

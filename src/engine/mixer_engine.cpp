@@ -416,7 +416,7 @@ std::vector<float> MixerEngine::render(int frames) {
 
 std::size_t MixerEngine::sampleFrames(SampleHandle sample) const {
     const auto it = samples_.find(sample);
-    return it == samples_.end() ? 0 : it->second->frames.size();
+    return it == samples_.end() ? 0 : frameCount(it->second->frames);
 }
 
 int MixerEngine::sampleRate(SampleHandle sample) const {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <system_error>
+#include <type_traits>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -84,17 +85,25 @@ class Decoder {
         return frame_ && packet_;
     }
 
-    // Reads every packet of the stream. A read error part-way ends the stream: what was
-    // decoded until then is kept.
-    bool decodeAll(DecodedSample& out) {
-        out.rate = codec_->sample_rate;
+    // Whether the codec gives 16 bits or fewer per sample, which 16-bit frames keep
+    // exactly (but for the rounding of a mean of channels).
+    bool sixteenBits() const {
+        const AVSampleFormat f = av_get_packed_sample_fmt(codec_->sample_fmt);
+        return f == AV_SAMPLE_FMT_U8 || f == AV_SAMPLE_FMT_S16;
+    }
+
+    // Reads every packet of the stream into frames of type T (std::int16_t or float). A
+    // read error part-way ends the stream: what was decoded until then is kept.
+    template <typename T>
+    bool decodeAll(std::vector<T>& out, int& rate) {
+        rate = codec_->sample_rate;
         // Room for the whole sound at once when the container tells its length.
         const AVStream* st = format_->streams[stream_];
         if (st->duration > 0 && st->time_base.num > 0) {
             const std::int64_t frames =
-                av_rescale_q(st->duration, st->time_base, AVRational{1, out.rate});
+                av_rescale_q(st->duration, st->time_base, AVRational{1, rate});
             if (frames > 0 && static_cast<std::uint64_t>(frames) < kMaxFrames) {
-                out.frames.reserve(static_cast<std::size_t>(frames) + 1024);
+                out.reserve(static_cast<std::size_t>(frames) + 1024);
             }
         }
         while (av_read_frame(format_.get(), packet_.get()) >= 0) {
@@ -118,7 +127,8 @@ class Decoder {
                p->sample_rate > 0 && p->ch_layout.nb_channels > 0;
     }
 
-    bool drain(DecodedSample& out) {
+    template <typename T>
+    bool drain(std::vector<T>& out) {
         for (;;) {
             const int r = avcodec_receive_frame(codec_.get(), frame_.get());
             if (r == AVERROR(EAGAIN) || r == AVERROR_EOF) {
@@ -135,8 +145,11 @@ class Decoder {
         }
     }
 
-    // Converts one decoded frame to planar float and appends the mean of its channels.
-    bool convert(DecodedSample& out) {
+    // Converts one decoded frame to planar T and appends the mean of its channels.
+    template <typename T>
+    bool convert(std::vector<T>& out) {
+        constexpr bool kInt16 = std::is_same_v<T, std::int16_t>;
+        constexpr AVSampleFormat kPlanar = kInt16 ? AV_SAMPLE_FMT_S16P : AV_SAMPLE_FMT_FLTP;
         AVFrame* f = frame_.get();
         const int channels = f->ch_layout.nb_channels;
         if (channels <= 0 || f->nb_samples <= 0) {
@@ -148,8 +161,8 @@ class Decoder {
             AVChannelLayout layout;
             av_channel_layout_default(&layout, channels);
             // Same layout, rate and channel count on both sides: a pure format change.
-            const int r = swr_alloc_set_opts2(&s, &layout, AV_SAMPLE_FMT_FLTP, f->sample_rate,
-                                              &layout, format, f->sample_rate, 0, nullptr);
+            const int r = swr_alloc_set_opts2(&s, &layout, kPlanar, f->sample_rate, &layout, format,
+                                              f->sample_rate, 0, nullptr);
             av_channel_layout_uninit(&layout);
             swr_.reset(s);
             if (r < 0 || !swr_ || swr_init(swr_.get()) < 0) {
@@ -159,31 +172,44 @@ class Decoder {
             swrChannels_ = channels;
             swrFormat_ = format;
         }
-        if (out.frames.size() + static_cast<std::size_t>(f->nb_samples) > kMaxFrames) {
+        if (out.size() + static_cast<std::size_t>(f->nb_samples) > kMaxFrames) {
             return false;
         }
-        planes_.resize(static_cast<std::size_t>(channels));
+        // The planes one after another in one buffer.
+        std::vector<T>& planes = [this]() -> std::vector<T>& {
+            if constexpr (kInt16) {
+                return int16Planes_;
+            } else {
+                return floatPlanes_;
+            }
+        }();
+        const auto length = static_cast<std::size_t>(f->nb_samples);
+        planes.resize(static_cast<std::size_t>(channels) * length);
         pointers_.resize(static_cast<std::size_t>(channels));
-        auto& pointers = pointers_;
-        for (std::size_t c = 0; c < planes_.size(); ++c) {
-            planes_[c].resize(static_cast<std::size_t>(f->nb_samples));
-            pointers[c] = reinterpret_cast<std::uint8_t*>(planes_[c].data());
+        for (std::size_t c = 0; c < pointers_.size(); ++c) {
+            pointers_[c] = reinterpret_cast<std::uint8_t*>(planes.data() + c * length);
         }
         const int got =
-            swr_convert(swr_.get(), pointers.data(), f->nb_samples,
+            swr_convert(swr_.get(), pointers_.data(), f->nb_samples,
                         const_cast<const std::uint8_t**>(f->extended_data), f->nb_samples);
         if (got < 0) {
             return false;
         }
-        const std::size_t base = out.frames.size();
-        out.frames.resize(base + static_cast<std::size_t>(got));
+        const std::size_t base = out.size();
+        out.resize(base + static_cast<std::size_t>(got));
         const float scale = 1.0f / static_cast<float>(channels);
-        for (int i = 0; i < got; ++i) {
+        for (std::size_t i = 0; i < static_cast<std::size_t>(got); ++i) {
+            // Sums of 16-bit channels are exact in a float (below 2^24 for up to 256
+            // channels), so the only rounding of a mean is the last one, to the nearest.
             float sum = 0.0f;
-            for (const auto& plane : planes_) {
-                sum += plane[static_cast<std::size_t>(i)];
+            for (std::size_t c = 0; c < pointers_.size(); ++c) {
+                sum += static_cast<float>(planes[c * length + i]);
             }
-            out.frames[base + static_cast<std::size_t>(i)] = sum * scale;
+            if constexpr (kInt16) {
+                out[base + i] = static_cast<std::int16_t>(std::lrint(sum * scale));
+            } else {
+                out[base + i] = sum * scale;
+            }
         }
         return true;
     }
@@ -195,7 +221,8 @@ class Decoder {
     std::unique_ptr<SwrContext, SwrFreer> swr_;
     int swrChannels_ = 0;
     AVSampleFormat swrFormat_ = AV_SAMPLE_FMT_NONE;
-    std::vector<std::vector<float>> planes_;
+    std::vector<std::int16_t> int16Planes_;
+    std::vector<float> floatPlanes_;
     std::vector<std::uint8_t*> pointers_;
     int stream_ = -1;
 };
@@ -212,13 +239,25 @@ std::optional<DecodedSample> decodeSampleFile(const std::filesystem::path& file)
         return std::nullopt;
     }
     Decoder decoder;
-    DecodedSample out;
-    if (!decoder.open(file) || !decoder.decodeAll(out) || out.frames.empty() || out.rate <= 0) {
+    if (!decoder.open(file)) {
         return std::nullopt;
     }
-    for (float& x : out.frames) {
-        if (!std::isfinite(x)) {
-            x = 0.0f;  // a float file may carry garbage; the mix must stay finite
+    DecodedSample out;
+    if (decoder.sixteenBits()) {
+        out.frames.emplace<std::vector<std::int16_t>>();
+    } else {
+        out.frames.emplace<std::vector<float>>();
+    }
+    const bool decoded =
+        std::visit([&](auto& frames) { return decoder.decodeAll(frames, out.rate); }, out.frames);
+    if (!decoded || frameCount(out.frames) == 0 || out.rate <= 0) {
+        return std::nullopt;
+    }
+    if (auto* floats = std::get_if<std::vector<float>>(&out.frames)) {
+        for (float& x : *floats) {
+            if (!std::isfinite(x)) {
+                x = 0.0f;  // a float file may carry garbage; the mix must stay finite
+            }
         }
     }
     return out;

@@ -43,6 +43,20 @@ TEST(DecodeCache, HandsOutEachDecodeOnceWithinItsBudgetAndTime) {
     EXPECT_FALSE(cache.take(FileIdentity{"c", 2, {}}, t0));
     EXPECT_FALSE(cache.take(fileNamed("c"), t0 + std::chrono::seconds(6)));
     EXPECT_EQ(cache.bytes(), 0u);
+
+    // 16-bit frames count two bytes each: 150 of them and 20 floats fit in the budget,
+    // and 200 more of them (exactly the budget) make room by dropping both.
+    cache.keep(fileNamed("d"), DecodedSample{std::vector<std::int16_t>(150, 7), 44100}, t0);
+    cache.keep(fileNamed("e"), frames(20, 0.5f), t0);
+    EXPECT_EQ(cache.size(), 2u);
+    EXPECT_EQ(cache.bytes(), 380u);
+    cache.keep(fileNamed("f"), DecodedSample{std::vector<std::int16_t>(200, 9), 44100}, t0);
+    EXPECT_EQ(cache.size(), 1u);
+    EXPECT_EQ(cache.bytes(), 400u);
+    const auto f = cache.take(fileNamed("f"), t0);
+    ASSERT_TRUE(f);
+    EXPECT_EQ(f->frames, SampleFrames{std::vector<std::int16_t>(200, 9)});
+    EXPECT_EQ(cache.bytes(), 0u);
 }
 
 TEST(DecodeCache, AReloadedFileIsTheFileOnDiskNow) {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <random>
 
 #include "base/temp_tree.h"
 #include "test_sounds.h"
@@ -398,6 +399,78 @@ TEST_F(OfflineMix, TheSameCallsRenderTheSameSamplesWithEitherMixingLoop) {
     const std::vector<float> pieces = upFront({1, 63, 64, 5000, 4872, 10000});
     ASSERT_EQ(whole.size(), pieces.size());
     EXPECT_EQ(std::memcmp(whole.data(), pieces.data(), whole.size() * sizeof(float)), 0);
+}
+
+// A 16-bit file is kept as 16-bit frames and made float only in the mixing loop; the mix
+// must come out as from the same frames kept as floats (what a 16-bit file decoded to
+// before), with either mixing loop.
+TEST_F(OfflineMix, SixteenBitFramesMixAsTheSameFramesKeptAsFloats) {
+    // Integer steps of a loud, bright sound, two seconds of stereo at 22050 Hz.
+    constexpr std::size_t kFrames = 44100;
+    std::mt19937 random(20240917);
+    std::uniform_int_distribution<int> noise(-1500, 1500);
+    std::vector<int> steps(2 * kFrames);
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        const double t = static_cast<double>(i / 2) / 22050;
+        const double tone = std::sin(2 * std::numbers::pi * (i % 2 == 0 ? 3100 : 470) * t);
+        steps[i] = static_cast<int>(std::lrint(23000 * tone)) + noise(random);
+    }
+    // The same steps in a 16-bit file and in a float file, as the decoder made floats of
+    // a 16-bit file before.
+    auto write = [&](const char* name, int channels, SoundFileFormat format) {
+        std::vector<float> x(kFrames * static_cast<std::size_t>(channels));
+        for (std::size_t i = 0; i < x.size(); ++i) {
+            x[i] = static_cast<float>(steps[channels == 2 ? i : 2 * i]) / kInt16FullScale;
+        }
+        const auto file = tree.root() / name;
+        EXPECT_TRUE(writeSoundFile(file, x, channels, 22050, format)) << name;
+        return file;
+    };
+    const auto mono16 = write("mono16.wav", 1, SoundFileFormat::Wav16);
+    const auto decoded = decodeSampleFile(mono16);
+    ASSERT_TRUE(decoded);
+    const auto* kept = std::get_if<std::vector<std::int16_t>>(&decoded->frames);
+    ASSERT_NE(kept, nullptr) << "a 16-bit file keeps 16-bit frames";
+    ASSERT_EQ(kept->size(), kFrames);
+    for (std::size_t i = 0; i < kFrames; ++i) {
+        ASSERT_EQ((*kept)[i], steps[2 * i]) << "frame " << i;
+    }
+
+    // A loop at full volume and full left, at an odd rate, across its end many times.
+    auto render = [](const std::filesystem::path& file) {
+        MixerEngine e(MixerEngine::Output::Offline);
+        const ChannelHandle c = e.play(e.loadSample(file));
+        e.setLoopMode(c, LoopMode::Normal);
+        e.setPan(c, 0);
+        e.setFrequency(c, 31007);
+        return e.render(100000);
+    };
+    const auto mono = write("mono.wav", 1, SoundFileFormat::WavFloat);
+    const auto stereo16 = write("stereo16.wav", 2, SoundFileFormat::Wav16);
+    const auto stereo = write("stereo.wav", 2, SoundFileFormat::WavFloat);
+    for (const bool wide : {true, false}) {
+        Mixer::allowWideLoop(wide);
+        // Mono: the very same frames, and the full scale a power of two: the same to the bit.
+        const std::vector<float> a = render(mono16);
+        const std::vector<float> b = render(mono);
+        EXPECT_GT(peak(a), 0.6);
+        ASSERT_EQ(a.size(), b.size());
+        EXPECT_EQ(std::memcmp(a.data(), b.data(), a.size() * sizeof(float)), 0) << wide;
+        // Stereo: the mean of two channels is rounded to the nearest 16-bit step, half a
+        // step at most. The interpolation weighs four frames by at most 1.25 in all (at
+        // half-way), the gain is 1 and the output stage never steepens: 0.625 of a step,
+        // with room for the rounding of floats near full scale.
+        const std::vector<float> c = render(stereo16);
+        const std::vector<float> d = render(stereo);
+        ASSERT_EQ(c.size(), d.size());
+        double worst = 0.0;
+        for (std::size_t i = 0; i < c.size(); ++i) {
+            worst = std::max(worst, std::fabs(static_cast<double>(c[i]) - d[i]));
+        }
+        EXPECT_LE(worst, 0.625 / 32768 + 1e-7) << wide;
+        EXPECT_GT(worst, 0.0) << "the means should differ in rounding somewhere";
+    }
+    Mixer::allowWideLoop(true);
 }
 
 TEST_F(OfflineMix, ClosingReleasesEverythingAndLeavesTheEngineUsable) {

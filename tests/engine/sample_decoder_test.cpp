@@ -38,37 +38,57 @@ std::string readBytes(const std::filesystem::path& file) {
     return readWholeFile(file).value_or(std::string());
 }
 
-TEST(SampleDecoder, LosslessFilesComeBackExactlyAtTheirOwnRateWithChannelsMixedDown) {
+TEST(SampleDecoder, LosslessFilesComeBackExactlyAtTheirOwnRateAndDepthWithChannelsMixedDown) {
     TempTree tree;
     const std::vector<float> tone = test::sine(441.0, 22050, 11025, 0.5f);
+    // Files of 16 bits or fewer keep 16-bit frames; deeper and float files keep floats.
     const struct {
         const char* name;
-        SoundFileFormat format;
+        int format;
         double tolerance;
-    } cases[] = {{"a.wav", SoundFileFormat::WavFloat, 0.0},
-                 {"b.wav", SoundFileFormat::Wav16, 1.0 / 32768},
-                 {"c.isz", SoundFileFormat::Flac16, 1.0 / 32768}};  // the name says nothing
+        bool sixteenBits;
+    } cases[] = {{"a.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0.0, false},
+                 {"b.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1.0 / 32768, true},
+                 {"c.isz", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 1.0 / 32768, true},  // any name
+                 {"d.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 1.0 / 128, true},
+                 {"e.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_24, 2.0 / 8388608, false},
+                 {"f.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 2.0 / 8388608, false},
+                 {"g.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_32, 2.0 / 8388608, false}};
     for (const auto& c : cases) {
         const auto decoded =
-            decodeSampleFile(test::writeMono(tree.root(), c.name, tone, 22050, c.format));
+            decodeSampleFile(writeWith(tree.root() / c.name, c.format, 1, 22050, tone));
         ASSERT_TRUE(decoded) << c.name;
         EXPECT_EQ(decoded->rate, 22050) << c.name;
-        ASSERT_EQ(decoded->frames.size(), tone.size()) << c.name;
+        EXPECT_EQ(std::holds_alternative<std::vector<std::int16_t>>(decoded->frames), c.sixteenBits)
+            << c.name;
+        EXPECT_EQ(byteCount(decoded->frames), tone.size() * (c.sixteenBits ? 2 : 4)) << c.name;
+        const std::vector<float> frames = test::asFloats(decoded->frames);
+        ASSERT_EQ(frames.size(), tone.size()) << c.name;
         for (std::size_t i = 0; i < tone.size(); i += 7) {
-            ASSERT_NEAR(decoded->frames[i], tone[i], c.tolerance) << c.name << " frame " << i;
+            ASSERT_NEAR(frames[i], tone[i], c.tolerance) << c.name << " frame " << i;
         }
     }
-    // Channels are mixed down to their mean.
+    // Channels are mixed down to their mean; 16-bit frames round it to the nearest step.
     std::vector<float> stereo;
     for (int i = 0; i < 4800; ++i) {
-        stereo.insert(stereo.end(), {0.25f, -0.75f});
+        stereo.insert(stereo.end(), {0.25f, -0.75f, 3.0f / 32768, 0.0f});
     }
     const auto mixed = decodeSampleFile(
         writeWith(tree.root() / "st.wav", SF_FORMAT_WAV | SF_FORMAT_FLOAT, 2, 48000, stereo));
     ASSERT_TRUE(mixed);
     EXPECT_EQ(mixed->rate, 48000);
-    ASSERT_EQ(mixed->frames.size(), 4800u);
-    EXPECT_FLOAT_EQ(mixed->frames[100], -0.25f);
+    const auto& floats = std::get<std::vector<float>>(mixed->frames);
+    ASSERT_EQ(floats.size(), 9600u);
+    EXPECT_FLOAT_EQ(floats[100], -0.25f);
+    EXPECT_FLOAT_EQ(floats[101], 1.5f / 32768);
+    const auto mixed16 = decodeSampleFile(
+        writeWith(tree.root() / "st16.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 2, 48000, stereo));
+    ASSERT_TRUE(mixed16);
+    const auto& ints = std::get<std::vector<std::int16_t>>(mixed16->frames);
+    ASSERT_EQ(ints.size(), 9600u);
+    // libsndfile writes 0.25 as 8192 (it scales floats by 32767) and -0.75 as -24575.
+    EXPECT_EQ(ints[100], -8192);  // -8191.5, to even
+    EXPECT_EQ(ints[101], 2);      // 1.5, to even
 }
 
 TEST(SampleDecoder, CompressedFormatsDecodeToTheirTone) {
@@ -88,14 +108,16 @@ TEST(SampleDecoder, CompressedFormatsDecodeToTheirTone) {
         ASSERT_TRUE(decoded) << c.name;
         EXPECT_EQ(decoded->rate, rate) << c.name;
         // Encoders pad a little at the ends; the length and the pitch stay.
-        EXPECT_NEAR(static_cast<double>(decoded->frames.size()), static_cast<double>(t.size()),
+        // A lossy decoder gives floats, and they are kept.
+        ASSERT_TRUE(std::holds_alternative<std::vector<float>>(decoded->frames)) << c.name;
+        const auto& frames = std::get<std::vector<float>>(decoded->frames);
+        EXPECT_NEAR(static_cast<double>(frames.size()), static_cast<double>(t.size()),
                     0.1 * static_cast<double>(t.size()))
             << c.name;
         // Measured away from the ends, where encoders fade in and out.
-        const std::span<const float> middle(decoded->frames.data() + rate / 10,
-                                            decoded->frames.size() - rate / 5);
+        const std::span<const float> middle(frames.data() + rate / 10, frames.size() - rate / 5);
         EXPECT_NEAR(test::measureFrequency(middle, rate), 441.0, 0.5) << c.name;
-        EXPECT_NEAR(test::rms(decoded->frames), 0.5 / std::sqrt(2.0), 0.05) << c.name;
+        EXPECT_NEAR(test::rms(frames), 0.5 / std::sqrt(2.0), 0.05) << c.name;
     }
 }
 
@@ -134,7 +156,7 @@ TEST(SampleDecoder, BrokenFilesGiveNoSampleAndNoCrashAndACutOneKeepsItsFrames) {
     writeBytes(dir / "cut.wav", wav.substr(0, 44 + 2 * 1000));
     const auto cut = decodeSampleFile(dir / "cut.wav");
     ASSERT_TRUE(cut);
-    EXPECT_EQ(cut->frames.size(), 1000u);
+    EXPECT_EQ(frameCount(cut->frames), 1000u);
 }
 
 TEST(SoundFileWriter, RefusesWhatItCannotWriteAndClipsSixteenBitsInsteadOfWrapping) {
@@ -149,11 +171,12 @@ TEST(SoundFileWriter, RefusesWhatItCannotWriteAndClipsSixteenBitsInsteadOfWrappi
     ASSERT_TRUE(writeSoundFile(tree.root() / "loud.wav", loud, 2, 44100));
     const auto decoded = decodeSampleFile(tree.root() / "loud.wav");
     ASSERT_TRUE(decoded);
-    ASSERT_EQ(decoded->frames.size(), 2u);
+    const std::vector<float> back = test::asFloats(decoded->frames);
+    ASSERT_EQ(back.size(), 2u);
     // Clipped, both sides of each frame stand at full scale; wrapped, 1.5 would turn
     // into -0.5 and the mean into 0.25.
-    EXPECT_NEAR(decoded->frames[0], 1.0, 1e-4);
-    EXPECT_NEAR(decoded->frames[1], -1.0, 1e-4);
+    EXPECT_NEAR(back[0], 1.0, 1e-4);
+    EXPECT_NEAR(back[1], -1.0, 1e-4);
 }
 
 }  // namespace

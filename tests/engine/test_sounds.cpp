@@ -17,6 +17,17 @@ std::vector<float> sine(double hz, int rate, std::size_t frames, float amplitude
     return out;
 }
 
+std::vector<float> asFloats(const SampleFrames& frames) {
+    if (const auto* floats = std::get_if<std::vector<float>>(&frames)) {
+        return *floats;
+    }
+    const auto& ints = std::get<std::vector<std::int16_t>>(frames);
+    std::vector<float> out(ints.size());
+    std::transform(ints.begin(), ints.end(), out.begin(),
+                   [](std::int16_t x) { return static_cast<float>(x) / kInt16FullScale; });
+    return out;
+}
+
 std::vector<float> constant(float value, std::size_t frames) {
     return std::vector<float>(frames, value);
 }

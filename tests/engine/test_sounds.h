@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "engine/sample_decoder.h"
 #include "engine/sound_file_writer.h"
 
 namespace brevane::test {
@@ -19,6 +20,9 @@ std::vector<float> constant(float value, std::size_t frames);
 std::filesystem::path writeMono(const std::filesystem::path& dir, const char* name,
                                 const std::vector<float>& frames, int rate,
                                 SoundFileFormat format = SoundFileFormat::WavFloat);
+
+// Decoded frames as floats of full scale 1, however they are kept.
+std::vector<float> asFloats(const SampleFrames& frames);
 
 // One side of interleaved stereo: 0 left, 1 right, frames [from, to).
 std::vector<float> side(std::span<const float> stereo, int which, std::size_t from = 0,
