@@ -90,14 +90,6 @@ TEST_F(StockScenarios, EveryOneLoadsWithoutAMessageAndIsHeardWithinTenSeconds) {
     }
 }
 
-double peak(const std::vector<float>& x) {
-    double p = 0;
-    for (const float v : x) {
-        p = std::max(p, static_cast<double>(std::abs(v)));
-    }
-    return p;
-}
-
 TEST_F(StockScenarios, EveryStockRoomAndCurveSuitsAScenario) {
     fs::copy(fs::path(BREVANE_STOCK_SCENARIOS_DIR) / "config/fx", h.tree.root() / "config/fx",
              fs::copy_options::recursive);
@@ -121,7 +113,7 @@ TEST_F(StockScenarios, EveryStockRoomAndCurveSuitsAScenario) {
             const double change = 20 * std::log10(test::rms(wet) / test::rms(dry));
             // A curve for sleep takes the rain's hiss down by design.
             EXPECT_LT(std::abs(change), 9.0) << box.text();
-            EXPECT_LT(peak(wet), 0.9) << box.text();
+            EXPECT_LT(test::peak(wet), 0.9) << box.text();
         }
         on.setChecked(false);
     };

@@ -34,11 +34,11 @@ class View {
         w->show();
         return w;
     }
-    // A new widget bound to `control`.
+    // A new widget bound to `control`, shown.
     template <class W, class C>
     W* bind(C& control) {
-        W* w = add<W>();
-        bindWidget(control, *w);
+        W* w = bound<W>(control, &window);
+        w->show();
         return w;
     }
     QWidget window;

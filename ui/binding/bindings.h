@@ -63,6 +63,15 @@ void bindWidget(Label& control, QLabel& widget);
 // A frame or page of a panel: only shown or hidden, enabled or not.
 void bindWidget(Control& control, QWidget& widget);
 
+// A new widget of kind W under `parent`, bound to `control`: how a view makes most of
+// its widgets, `bound<QPushButton>(panel.Command1, this)`.
+template <class W, class C>
+W* bound(C& control, QWidget* parent) {
+    auto* widget = new W(parent);
+    bindWidget(control, *widget);
+    return widget;
+}
+
 // The widget's accessible name follows the control's caption, `suffix` after it: a
 // bank row's slider is named by the sound the row shows ("Light rain volume").
 void nameAfter(Control& control, QWidget& widget, const QString& suffix = {});

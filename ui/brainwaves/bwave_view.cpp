@@ -74,12 +74,6 @@ QGroupBox* glideSection(const QString& title, Slider& start, TextBox& startText,
     return box;
 }
 
-QPushButton* button(CommandButton& control, QWidget* parent) {
-    auto* b = new QPushButton(parent);
-    bindWidget(control, *b);
-    return b;
-}
-
 }  // namespace
 
 BwaveView::BwaveView(Frmbwave& panel, QWidget* parent) : QWidget(parent, Qt::Window) {
@@ -146,7 +140,7 @@ BwaveView::BwaveView(Frmbwave& panel, QWidget* parent) : QWidget(parent, Qt::Win
     bindWidget(panel.presetBox, *box);
     presets->addWidget(box);
     for (CommandButton* step : {&panel.previousButton, &panel.nextButton}) {
-        QPushButton* b = button(*step, this);
+        QPushButton* b = bound<QPushButton>(*step, this);
         b->setAccessibleName(qtText(step->toolTip()));
         b->setFixedWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("<")) +
                          6 * style::kSpacing);
@@ -155,10 +149,10 @@ BwaveView::BwaveView(Frmbwave& panel, QWidget* parent) : QWidget(parent, Qt::Win
     presets->addSpacing(style::kSectionGap);
     for (CommandButton* b :
          {&panel.saveButton, &panel.saveAsButton, &panel.deleteButton, &panel.defaultButton}) {
-        presets->addWidget(button(*b, this));
+        presets->addWidget(bound<QPushButton>(*b, this));
     }
     presets->addStretch(1);
-    presets->addWidget(button(panel.closeButton, this));
+    presets->addWidget(bound<QPushButton>(panel.closeButton, this));
     root->addLayout(presets);
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);

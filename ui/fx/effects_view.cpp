@@ -25,8 +25,7 @@ namespace {
 constexpr int kBandHeight = 160;
 
 QPushButton* button(CommandButton& control, QWidget* parent) {
-    auto* b = new QPushButton(parent);
-    bindWidget(control, *b);
+    auto* b = bound<QPushButton>(control, parent);
     if (!control.toolTip().empty()) {
         b->setAccessibleName(qtText(control.toolTip()));
         b->setFixedWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("<")) +

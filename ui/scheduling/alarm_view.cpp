@@ -51,12 +51,6 @@ QCheckBox* check(CheckBox& control, QWidget* parent) {
     return c;
 }
 
-QPushButton* button(CommandButton& control, QWidget* parent) {
-    auto* b = new QPushButton(parent);
-    bindWidget(control, *b);
-    return b;
-}
-
 }  // namespace
 
 AlarmView::AlarmView(AlarmPanel& panel, QWidget* parent)
@@ -107,15 +101,15 @@ AlarmView::AlarmView(AlarmPanel& panel, QWidget* parent)
     auto* soundButtons = new QHBoxLayout();
     for (CommandButton* b :
          {&panel.chooseButton, &panel.useDefaultButton, &panel.testButton, &panel.stopTestButton}) {
-        soundButtons->addWidget(button(*b, soundBox));
+        soundButtons->addWidget(bound<QPushButton>(*b, soundBox));
     }
     sound->addLayout(soundButtons);
     root->addWidget(soundBox);
 
     auto* foot = new QHBoxLayout();
-    foot->addWidget(button(panel.stopAlarmButton, this));
+    foot->addWidget(bound<QPushButton>(panel.stopAlarmButton, this));
     foot->addStretch(1);
-    foot->addWidget(button(panel.closeButton, this));
+    foot->addWidget(bound<QPushButton>(panel.closeButton, this));
     root->addLayout(foot);
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);

@@ -119,12 +119,6 @@ QWidget* nightSection(Frmevolve& panel, QWidget* parent) {
     return box;
 }
 
-QPushButton* button(CommandButton& control, QWidget* parent) {
-    auto* b = new QPushButton(parent);
-    bindWidget(control, *b);
-    return b;
-}
-
 }  // namespace
 
 EvolveView::EvolveView(Frmevolve& panel, QWidget* parent) : QWidget(parent, Qt::Window) {
@@ -158,19 +152,19 @@ EvolveView::EvolveView(Frmevolve& panel, QWidget* parent) : QWidget(parent, Qt::
     bindWidget(panel.presetBox, *box);
     presets->addWidget(box);
     for (CommandButton* step : {&panel.previousButton, &panel.nextButton}) {
-        QPushButton* b = button(*step, this);
+        QPushButton* b = bound<QPushButton>(*step, this);
         b->setAccessibleName(qtText(step->toolTip()));
         b->setFixedWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("<")) +
                          6 * style::kSpacing);
         presets->addWidget(b);
     }
     presets->addSpacing(style::kSectionGap);
-    presets->addWidget(button(panel.saveButton, this));
-    presets->addWidget(button(panel.saveAsButton, this));
-    presets->addWidget(button(panel.deleteButton, this));
-    presets->addWidget(button(panel.defaultsButton, this));
+    presets->addWidget(bound<QPushButton>(panel.saveButton, this));
+    presets->addWidget(bound<QPushButton>(panel.saveAsButton, this));
+    presets->addWidget(bound<QPushButton>(panel.deleteButton, this));
+    presets->addWidget(bound<QPushButton>(panel.defaultsButton, this));
     presets->addStretch(1);
-    presets->addWidget(button(panel.closeButton, this));
+    presets->addWidget(bound<QPushButton>(panel.closeButton, this));
     root->addLayout(presets);
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
