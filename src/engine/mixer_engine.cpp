@@ -117,7 +117,9 @@ void MixerEngine::collectReleased() {
     const auto now = DecodeCache::Clock::now();
     recentDecodes_.expire(now);
     for (auto& [file, decoded] : decoder_.takeUnclaimed()) {
-        recentDecodes_.keep(std::move(file), std::move(decoded), now);
+        if (!heldElsewhere(file)) {
+            recentDecodes_.keep(std::move(file), std::move(decoded), now);
+        }
     }
     for (auto it = freedSamples_.begin(); it != freedSamples_.end();) {
         SampleRecord& record = **it;
@@ -126,7 +128,9 @@ void MixerEngine::collectReleased() {
             continue;
         }
         auto file = sampleFiles_.extract(&record);
-        if (!file.empty() && record.state.load(std::memory_order_acquire) == SampleState::Ready) {
+        // Kept only when no other sample holds the file: a reload would copy that one.
+        if (!file.empty() && record.state.load(std::memory_order_acquire) == SampleState::Ready &&
+            !heldElsewhere(file.mapped())) {
             recentDecodes_.keep(std::move(file.mapped()),
                                 DecodedSample{std::move(record.frames), record.rate}, now);
         }
@@ -134,6 +138,11 @@ void MixerEngine::collectReleased() {
     }
     std::erase_if(chains_,
                   [](const auto& c) { return c->released.load(std::memory_order_acquire); });
+}
+
+bool MixerEngine::heldElsewhere(const FileIdentity& file) const {
+    return std::any_of(sampleFiles_.begin(), sampleFiles_.end(),
+                       [&file](const auto& entry) { return entry.second == file; });
 }
 
 std::optional<DecodedSample> MixerEngine::decodeAtHand(const FileIdentity& file) {
@@ -256,6 +265,9 @@ ChannelHandle MixerEngine::play(SampleHandle sample) {
         // Wanted now: ahead of the one-shots that may not fire for a while.
         decoder_.hurry(it->second.get());
     }
+    // Plays come every few seconds in a running soundscape: kept decodes do not outlive
+    // their time by much even when nothing is loaded or freed.
+    recentDecodes_.expire(DecodeCache::Clock::now());
     const int index = pickChannel();
     Channel& c = channels_[static_cast<std::size_t>(index)];
     c.generation = nextGeneration_;

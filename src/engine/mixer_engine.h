@@ -110,6 +110,8 @@ class MixerEngine final : public SoundEngine {
     // A decode of this very file that is already at hand: a loaded or just-freed sample
     // of it, or one kept a moment ago.
     std::optional<DecodedSample> decodeAtHand(const FileIdentity& file);
+    // Whether a loaded sample, or a freed one the mixer still reads, is of this file.
+    bool heldElsewhere(const FileIdentity& file) const;
     // The record of a sample, or null.
     SampleRecord* recordOf(SampleHandle sample) const;
     SampleHandle keepRecord(std::unique_ptr<SampleRecord> record, FileIdentity file);
