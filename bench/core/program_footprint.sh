@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The whole program's footprint while it plays: resident memory with all five random banks
-# loaded and eight loops playing, and its share of one core over a minute.
+# The whole program while it plays: the time from its start to the first sound, resident
+# memory with all five random banks loaded and eight loops playing, and its share of one
+# core over a minute.
 #
 #   bash bench/core/program_footprint.sh [build folder] [seconds] [first-run]
 #
@@ -53,9 +54,24 @@ PY
 fi
 
 cd "$tree"
+started=$(date +%s.%N)
 QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$tree/out.raw" ./brevane >"$tree/log.txt" 2>&1 &
 pid=$!
 ticks() { awk '{print $14 + $15}' "/proc/$pid/stat"; }
+# The first sound: the moment the output holds a sample that is not silence, polled.
+python3 - "$tree/out.raw" "$started" <<'PY'
+import array, os, sys, time
+path, started = sys.argv[1], float(sys.argv[2])
+while time.time() - started < 10:
+    if os.path.exists(path):
+        data = open(path, "rb").read()
+        if any(abs(x) > 1e-4 for x in array.array("f", data[: len(data) // 4 * 4])):
+            print(f"first sound {time.time() - started:.3f} s after the program was started")
+            break
+    time.sleep(0.005)
+else:
+    print("no sound in 10 s")
+PY
 sleep 20
 rss=$(awk '/^VmRSS/ {print $2}' "/proc/$pid/status")
 start=$(ticks)
