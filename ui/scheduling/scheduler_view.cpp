@@ -235,13 +235,9 @@ ScenarioFolderView::ScenarioFolderView(ScenarioFolderPanel& panel, QWidget* pare
     root->addWidget(folderCaption);
     // The mounted volumes stand where drives would: a quick way to another disk.
     auto* places = new QComboBox(this);
+    places_ = places;
     places->setAccessibleName(QStringLiteral("Volume"));
     places->addItem(QDir::homePath(), QDir::homePath());
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        if (volume.isValid() && volume.isReady() && !volume.isReadOnly()) {
-            places->addItem(volume.rootPath(), volume.rootPath());
-        }
-    }
     root->addWidget(places);
     auto* path = new QLineEdit(this);
     path->setAccessibleName(qtText(panel.folderLabel.caption()));
@@ -249,8 +245,8 @@ ScenarioFolderView::ScenarioFolderView(ScenarioFolderPanel& panel, QWidget* pare
     root->addWidget(path);
 
     auto* model = new QFileSystemModel(this);
+    folders_ = model;
     model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
-    model->setRootPath(QStringLiteral("/"));
     auto* tree = new QTreeView(this);
     tree->setAccessibleName(qtText(panel.folderLabel.caption()));
     tree->setModel(model);
@@ -297,6 +293,18 @@ ScenarioFolderView::ScenarioFolderView(ScenarioFolderPanel& panel, QWidget* pare
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
+}
+
+void ScenarioFolderView::showEvent(QShowEvent* event) {
+    if (folders_->rootPath() != QStringLiteral("/")) {
+        folders_->setRootPath(QStringLiteral("/"));
+        for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+            if (volume.isValid() && volume.isReady() && !volume.isReadOnly()) {
+                places_->addItem(volume.rootPath(), volume.rootPath());
+            }
+        }
+    }
+    QWidget::showEvent(event);
 }
 
 }  // namespace brevane

@@ -5,6 +5,9 @@
 
 #include <QWidget>
 
+class QComboBox;
+class QFileSystemModel;
+
 namespace brevane {
 
 class SchedulerPanel;
@@ -18,6 +21,15 @@ class SchedulerView : public QWidget {
 class ScenarioFolderView : public QWidget {
   public:
     explicit ScenarioFolderView(ScenarioFolderPanel& panel, QWidget* parent = nullptr);
+
+  protected:
+    // The folder tree and the volumes are read when the chooser first opens, not at the
+    // program's start: reading them walks the file system on a thread of Qt's.
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    QFileSystemModel* folders_ = nullptr;
+    QComboBox* places_ = nullptr;
 };
 
 }  // namespace brevane
