@@ -22,11 +22,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool isFile(const fs::path& path) {
-    std::error_code ec;
-    return fs::is_regular_file(path, ec);
-}
-
 bool isFolder(const fs::path& path) {
     std::error_code ec;
     return fs::is_directory(path, ec);
@@ -153,7 +148,7 @@ void Frmmain::doload(const std::string& name, const fs::path& from) {
     setScenarioControlsEnabled(false);
 
     // 5. An unknown scenario changes nothing more.
-    if (!isFile(member(ScenarioMember::BackgroundOne))) {
+    if (!isRegularFile(member(ScenarioMember::BackgroundOne))) {
         setScenarioControlsEnabled(true);
         return;
     }
@@ -198,7 +193,7 @@ void Frmmain::loadmainsettings(const std::string& name, const fs::path& from) {
     const fs::path folder = from.empty() ? scenarioFolder() : from;
     information.setText(kNoInformationText);
     const fs::path info = scenarioInformationFile(folder, name);
-    if (isFile(info)) {
+    if (isRegularFile(info)) {
         information.setText(readInformation(info));
     }
 
@@ -263,7 +258,7 @@ void Frmmain::saveScenarioAs() {
         app_.dialogs.message(MessageKind::Information, kNotSavedText);
         return;
     }
-    if (isFile(scenarioMarkerFile(scenarioFolder(), name)) &&
+    if (isRegularFile(scenarioMarkerFile(scenarioFolder(), name)) &&
         !app_.dialogs.askYesNo(kOverwriteScenarioText)) {
         app_.dialogs.message(MessageKind::Information, kNotSavedText);
         return;

@@ -15,11 +15,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool isFile(const fs::path& path) {
-    std::error_code ec;
-    return fs::is_regular_file(path, ec);
-}
-
 // A name the list can show and the folder can hold as one file.
 bool usableName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." &&
@@ -123,7 +118,7 @@ fs::path Frmdemo::schemeFile(const std::string& name) const {
 void Frmdemo::load() {
     refillList();
     scheme_ = app_.scheme;
-    if (isFile(app_.appPath / kColoursSessionFile)) {
+    if (isRegularFile(app_.appPath / kColoursSessionFile)) {
         readSessionFile();
     } else if (!doload(kDefaultSchemeName)) {
         // A first start, or one after the session was cleared: the stock "Default",
@@ -334,7 +329,8 @@ void Frmdemo::saveAsCommand() {
         app_.dialogs.message(MessageKind::Exclamation, kNotSavedText);
         return;
     }
-    if (isFile(schemeFile(name)) && !app_.dialogs.askYesNo(kOverwriteText + name + kContinueText)) {
+    if (isRegularFile(schemeFile(name)) &&
+        !app_.dialogs.askYesNo(kOverwriteText + name + kContinueText)) {
         return;
     }
     if (!dosave(schemeFile(name))) {
@@ -360,7 +356,7 @@ void Frmdemo::deleteCommand() {
         return;
     }
     std::error_code ec;
-    if (!fs::remove(schemeFile(name), ec) && isFile(schemeFile(name))) {
+    if (!fs::remove(schemeFile(name), ec) && isRegularFile(schemeFile(name))) {
         app_.dialogs.message(MessageKind::Exclamation, kDeleteFailedText);
         return;
     }

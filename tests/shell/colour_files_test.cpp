@@ -22,46 +22,17 @@ ColourScheme distinct() {
     return s;
 }
 
-TEST(ColourScheme, TargetsOneToFifteenAreTheDisplayColoursThenTheRolesAsCaptioned) {
-    ColourScheme s = distinct();
-    EXPECT_EQ(s.display[0], 1001u);  // "Backlight"
-    EXPECT_EQ(s.display[3], 4004u);  // "Blend"
-    EXPECT_EQ(s.buttonBack, 5005u);
-    EXPECT_EQ(s.buttonText, 6006u);
-    EXPECT_EQ(s.rollover, 7007u);
-    EXPECT_EQ(s.back, 8008u);
-    EXPECT_EQ(s.line, 9009u);
-    EXPECT_EQ(s.text, 10010u);
-    EXPECT_EQ(s.active, 11011u);
-    EXPECT_EQ(s.textBoxBack, 12012u);
-    EXPECT_EQ(s.textBoxFore, 13013u);
-    EXPECT_EQ(s.startGradient, 14014u);
-    EXPECT_EQ(s.endGradient, 15015u);
-    EXPECT_EQ(*s.target(11), 11011u);
-    EXPECT_FALSE(s.target(0));
-    EXPECT_FALSE(s.target(16));
-    EXPECT_FALSE(s.setTarget(16, 1));
-    EXPECT_EQ(std::string(kSchemeTargetCaptions[13]), "Start Gradient");
-    EXPECT_EQ(std::string(kSchemeTargetCaptions[8]), "Line Color");
-}
-
-TEST(ColourScheme, TheBuiltInValuesAreThoseTheProgramAlwaysStartedFrom) {
-    const ColourScheme s = builtInScheme();
-    EXPECT_EQ(s.back, 16777215u);
-    EXPECT_EQ(s.text, 0u);
-    EXPECT_EQ(s.active, 16744576u);
-    EXPECT_EQ(s.startGradient, 16761024u);
-    EXPECT_EQ(s.endGradient, 4194304u);
-    EXPECT_EQ(s.buttonBack, 33023u);
-    EXPECT_EQ(s.rollover, 5592405u);
-    EXPECT_EQ(s.buttonText, 16777215u);
-    EXPECT_EQ(s.textBoxFore, 0u);
-    EXPECT_EQ(s.line, 333333u);
-    EXPECT_EQ(s.palette, static_cast<int>(LcdDisplay::kDefaultPalette));
-}
-
-TEST(ColourScheme, MainbKeepsTenColoursInItsOrderAndLineColorIsNotAmongThem) {
+TEST(ColourScheme, TargetsNameTheRolesAndMainbKeepsTenOfThemInItsOrder) {
     const ColourScheme s = distinct();
+    // 1-4 the displays, then the roles: button back, text, rollover, back, line, text,
+    // active, the text box pair, the gradient pair.
+    EXPECT_EQ(s.display[3], 4004u);
+    EXPECT_EQ(s.rollover, 7007u);
+    EXPECT_EQ(s.line, 9009u);
+    EXPECT_EQ(s.active, 11011u);
+    EXPECT_EQ(s.endGradient, 15015u);
+    EXPECT_FALSE(s.target(16));
+    EXPECT_EQ(std::string(kSchemeTargetCaptions[13]), "Start Gradient");
     const auto ten = sessionColours(s);
     EXPECT_EQ(ten, (std::array<Colour, 10>{14014, 15015, 5005, 11011, 8008, 7007, 6006, 10010,
                                            12012, 13013}));
