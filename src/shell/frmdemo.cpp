@@ -179,6 +179,11 @@ void Frmdemo::unload() {
 }
 
 void Frmdemo::show() {
+    // Already open: it comes forward with the editing as it stands.
+    if (window.visible()) {
+        window.show();
+        return;
+    }
     // Editing starts from what the program shows, kept so that it can be taken back.
     scheme_ = app_.scheme;
     showScheme();

@@ -269,6 +269,8 @@ TEST_F(FrmDemo, OpeningKeepsTheProgramsSchemeInPreviousTmpAndRevertTakesChangesB
     demo().schemeList.setListIndex(1);
     demo().apply();
     demo().setColour(6, 9);
+    app->frmmain.colorsButton.click();  // open already: the editing stays
+    EXPECT_EQ(demo().scheme().buttonText, 9u);
     demo().revertButton.click();
     EXPECT_EQ(demo().scheme(), kDefault);
     EXPECT_EQ(app->scheme, kDusk);
