@@ -120,12 +120,12 @@ void Frmdemo::load() {
     scheme_ = app_.scheme;
     if (isRegularFile(app_.appPath / kColoursSessionFile)) {
         readSessionFile();
-    } else if (!doload(kDefaultSchemeName)) {
+    } else {
         // A first start, or one after the session was cleared: the stock "Default",
         // or the same colours when its file is gone.
-        scheme_ = programLook();
-        selectSchemeName(kDefaultSchemeName);
-    } else {
+        if (!doload(kDefaultSchemeName)) {
+            scheme_ = programLook();
+        }
         selectSchemeName(kDefaultSchemeName);
     }
     showScheme();
@@ -179,9 +179,8 @@ void Frmdemo::unload() {
 }
 
 void Frmdemo::show() {
-    // Already open: it comes forward with the editing as it stands.
+    // Already open: the editing goes on as it stands.
     if (window.visible()) {
-        window.show();
         return;
     }
     // Editing starts from what the program shows, kept so that it can be taken back.
