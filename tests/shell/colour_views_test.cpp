@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
