@@ -263,7 +263,6 @@ void paint(QWidget& widget, const ColourScheme& scheme) {
     // A style sheet stops a palette reaching the widgets under it unless this is set;
     // with it, the palette and the sheet paint together.
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles, true);
-    widget.setAttribute(Qt::WA_WindowPropagation, true);
     widget.setPalette(schemePalette(scheme));
     if (!widget.isWindow()) {
         widget.setAutoFillBackground(true);

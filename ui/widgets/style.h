@@ -51,8 +51,8 @@ void applySpacing(QLayout& layout);
 QPalette schemePalette(const ColourScheme& scheme);
 QString schemeStyleSheet(const ColourScheme& scheme);
 // Paints `widget` and everything in it in `scheme`: a window, or a part of one that
-// shows a scheme of its own (the scheme panel's sample). Windows the widget opens
-// (its dialogs, menus and tool tips) follow it.
+// shows a scheme of its own (the scheme panel's sample). Its menus and tool tips follow
+// it, and so do the program's dialogs (ui/platform/qt_dialogs.cpp).
 void paint(QWidget& widget, const ColourScheme& scheme);
 
 // Sets the style, palette and font of the whole program: the program's own look.
