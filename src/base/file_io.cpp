@@ -13,6 +13,11 @@ namespace brevane {
 
 namespace fs = std::filesystem;
 
+bool isRegularFile(const fs::path& file) {
+    std::error_code ec;
+    return fs::is_regular_file(file, ec);
+}
+
 std::optional<std::string> readWholeFile(const fs::path& file, std::uintmax_t maxBytes) {
     std::error_code ec;
     if (!fs::is_regular_file(file, ec)) {

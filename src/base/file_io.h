@@ -17,6 +17,9 @@ inline constexpr std::uintmax_t kMaxKeptFileBytes = 16u * 1024u * 1024u;
 std::optional<std::string> readWholeFile(const std::filesystem::path& file,
                                          std::uintmax_t maxBytes = kMaxKeptFileBytes);
 
+// Whether a regular file stands at `file`; a path that cannot be looked at holds none.
+bool isRegularFile(const std::filesystem::path& file);
+
 // Writes `content` as the whole new file: first into a temporary file beside it,
 // flushed to disk, then renamed over the old one. A crash or a full disk leaves
 // either the old file or the new one, never half of one. False on failure, with

@@ -635,4 +635,11 @@ void Frmbwave::doload(const fs::path& file) {
     }
 }
 
+void Frmbwave::docolors() {
+    colours.paint(app_.scheme);
+    for (LcdDisplay* display : {&LCD1, &LCD2, &LCD3}) {
+        paintDisplay(*display, app_.scheme);
+    }
+}
+
 }  // namespace brevane

@@ -28,6 +28,7 @@
 #include "base/settings_store.h"
 #include "core/lcd_display.h"
 #include "engine/sound_engine.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -59,6 +60,10 @@ class Frmbwave {
     Frmbwave& operator=(const Frmbwave&) = delete;
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // Frequencies in slider units: base / 10000 Hz, beat / 1000 Hz.
     Slider basefreq{20000, 882000, 20000};

@@ -33,12 +33,15 @@ Application::Application(const Platform& platform)
       Form33(*this, frmcustom, "Custom Randomize Settings", {}),
       Frmsoundindent(*this),
       FRMOPTIONS(*this),
+      Formtips(*this),
       frmevolve(*this),
       frmbwave(*this),
       frmeffects(*this),
       Alarm(*this),
       Timers(*this),
       frmaddscenariodirectory(*this),
+      frmDemo(*this),
+      Frmcolorpicker(*this),
       media(*this) {}
 
 Application::~Application() = default;
@@ -93,6 +96,34 @@ void Application::hideBanks() {
     frmcustom.window.hide();
 }
 
+std::vector<PanelColours*> Application::paintedPanels() {
+    std::vector<PanelColours*> panels{&frmmain.colours, &frmDemo.colours};
+    for (BackgroundBank* bank : backgroundBanks()) {
+        panels.push_back(&bank->colours);
+    }
+    for (RandomBank* bank : randomBanks()) {
+        panels.push_back(&bank->colours);
+    }
+    for (PanelColours* c :
+         {&frmcustom.colours, &Form3.colours, &Form33.colours, &Frmsoundindent.colours,
+          &FRMOPTIONS.colours, &Formtips.colours, &frmevolve.colours, &frmbwave.colours,
+          &frmeffects.colours, &Alarm.colours, &Timers.colours, &frmaddscenariodirectory.colours,
+          &Frmcolorpicker.colours}) {
+        panels.push_back(c);
+    }
+    return panels;
+}
+
+void Application::applyScheme() {
+    frmDemo.docolors();
+    frmmain.docolors();
+    for (PanelColours* panel : paintedPanels()) {
+        if (panel != &frmDemo.colours && panel != &frmmain.colours && panel->open()) {
+            panel->docolors();
+        }
+    }
+}
+
 void Application::placeLike(const PanelWindow& target, const PanelWindow& reference) {
     if (placeWindow) {
         placeWindow(target, reference);
@@ -127,6 +158,8 @@ void Application::unloadPanels() {
     frmbwave.unload();
     frmeffects.unload();
     Timers.unload();
+    Frmcolorpicker.unload();
+    frmDemo.unload();
     FRMOPTIONS.unload();
     STARTUP.unload();
     // Nothing is due once the panels are gone.

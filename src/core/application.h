@@ -32,6 +32,10 @@
 #include "fx/frmeffects.h"
 #include "scheduling/alarm_panel.h"
 #include "scheduling/scheduler_panel.h"
+#include "shell/colour_picker.h"
+#include "shell/colour_scheme.h"
+#include "shell/frmdemo.h"
+#include "shell/panel_colours.h"
 #include "weather/frmevolve.h"
 
 namespace brevane {
@@ -77,10 +81,10 @@ class Application {
     // The sound selection panel's hand-over to the custom banks: the files chosen, in
     // order, the rest empty.
     std::array<std::string, 28> handOverFiles{};
-    // The colour scheme's button face and highlight, which the panels paint from; the
-    // built-in scheme's until another is applied.
-    Colour SchemeButtonColour = 33023;
-    Colour SchemeHighlightColour = 16744576;
+    // The program's colour scheme, which every panel's docolors paints from: the
+    // built-in values until the session's (mainb.tmp, colors.tmp) replace them and
+    // frmDemo applies them at start; then whatever frmDemo applies.
+    ColourScheme scheme = builtInScheme();
     // The session flags, kept in states.tmp in this order. RemoteShown: the compact
     // remote stands in for the console. MainShown: the console has come to the front.
     bool RemoteShown = false;
@@ -127,6 +131,9 @@ class Application {
     // The scheduler, and its folder chooser.
     SchedulerPanel Timers;
     ScenarioFolderPanel frmaddscenariodirectory;
+    // The colour schemes, and their colour picker.
+    Frmdemo frmDemo;
+    ColourPicker Frmcolorpicker;
     // The soundscape as the desktop's media keys and player applets see it.
     MediaControl media;
 
@@ -151,6 +158,13 @@ class Application {
     // Every panel following the console's group sliders, in the order the console
     // writes to them.
     std::vector<MixGroupFollower*> groupFollowers();
+
+    // Every panel painted from the colour scheme, the console first; the splash, shown
+    // before any scheme is read, keeps the program's own look.
+    std::vector<PanelColours*> paintedPanels();
+    // The scheme panel's Apply: frmDemo and the console paint from the scheme, and every
+    // other panel that is open. A closed panel paints itself when it opens.
+    void applyScheme();
 
     // Hides every bank panel (the Identify panel's bank buttons).
     void hideBanks();

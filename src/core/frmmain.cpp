@@ -132,12 +132,17 @@ void Frmmain::load() {
     //     value becomes SavedMasterLevel), presets, colours, remote, bank states and
     //     their randomise timers.
     readMainbAtLoad();
-    // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour
-    //     once colour schemes are in the program.
+    // 13. Preset buttons still "Currently Unassigned" take the scheme's button colour:
+    //     every button of the console paints from the scheme already (docolors).
     // 14. The scenario preset list, the previous scenario on the status display,
-    //     loadslidergrads.
+    //     loadslidergrads (the sliders paint with their panels, docolors).
     // 15. folderselect, the remote's "Scenario: " caption, the colour scheme through
-    //     frmDemo, checklcd; then the splash goes and the console takes its place.
+    //     frmDemo (its list, colors.tmp, and Apply once, so every panel paints from the
+    //     restored scheme), checklcd; then the splash goes and the console takes its
+    //     place.
+    app_.Frmcolorpicker.load();
+    app_.frmDemo.load();
+    app_.frmDemo.apply();
     checklcd();
     app_.STARTUP.unload();
     window.show();

@@ -18,6 +18,7 @@
 #include "core/mix_group.h"
 #include "core/session_files.h"
 #include "scenarios/scenario_files.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -36,6 +37,10 @@ class Frmmain {
     explicit Frmmain(Application& app);
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // The six MixGroup sliders, in the order the session keeps them. Each change is
     // written into every follower's copy (Application::groupFollowers()).

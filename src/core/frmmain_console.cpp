@@ -25,7 +25,6 @@ void Frmmain::wireConsole() {
     };
     placeholder(mp3Button, "MP3");
     placeholder(cdButton, "CD");
-    placeholder(colorsButton, "Colors");
     placeholder(importButton, "Import");
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
@@ -49,6 +48,10 @@ void Frmmain::wireConsole() {
     effectsButton.setCaption("Effects");
     effectsButton.setToolTip("The equalizer and the reverb over all the sound");
     effectsButton.onClick = [this] { app_.frmeffects.window.show(); };
+
+    colorsButton.setCaption("Colors");
+    colorsButton.setToolTip("The colors of every panel, and the named color schemes");
+    colorsButton.onClick = [this] { app_.frmDemo.show(); };
 
     optionsButton.setCaption("Options");
     optionsButton.onClick = [this] { app_.FRMOPTIONS.window.show(); };

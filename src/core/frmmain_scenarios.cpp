@@ -22,11 +22,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool isFile(const fs::path& path) {
-    std::error_code ec;
-    return fs::is_regular_file(path, ec);
-}
-
 bool isFolder(const fs::path& path) {
     std::error_code ec;
     return fs::is_directory(path, ec);
@@ -153,7 +148,7 @@ void Frmmain::doload(const std::string& name, const fs::path& from) {
     setScenarioControlsEnabled(false);
 
     // 5. An unknown scenario changes nothing more.
-    if (!isFile(member(ScenarioMember::BackgroundOne))) {
+    if (!isRegularFile(member(ScenarioMember::BackgroundOne))) {
         setScenarioControlsEnabled(true);
         return;
     }
@@ -164,13 +159,17 @@ void Frmmain::doload(const std::string& name, const fs::path& from) {
     loadmainsettings(name, folder);
 
     // 7-9. Each bank reads its member; one that fails says so itself, and the road goes
-    // on with the next. The colour scheme (9) follows between the banks once it is in
-    // the program, when "Allow color scheme change with scenario change" is on.
+    // on with the next. The colour scheme (9) follows between the banks when "Allow
+    // color scheme change with scenario change" is on; a scenario without one (a stock
+    // scenario, or one saved before the schemes) leaves the colours as they are.
     app_.frmback.doload(member(ScenarioMember::BackgroundOne));
     app_.frmback2.doload(member(ScenarioMember::BackgroundTwo));
     app_.frmbackcustom.doload(member(ScenarioMember::CustomBackground));
     app_.frmcustom.doload(member(ScenarioMember::CustomRandom));
     app_.frmrandommain.doload(member(ScenarioMember::RandomOne));
+    if (app_.FRMOPTIONS.colourWithScenario.checked()) {
+        app_.frmDemo.loadScenarioColours(member(ScenarioMember::Colours));
+    }
     app_.frmrandommain2.doload(member(ScenarioMember::RandomTwo));
     app_.frmrandommain3.doload(member(ScenarioMember::RandomThree));
     app_.frmrandommain4.doload(member(ScenarioMember::RandomFour));
@@ -194,7 +193,7 @@ void Frmmain::loadmainsettings(const std::string& name, const fs::path& from) {
     const fs::path folder = from.empty() ? scenarioFolder() : from;
     information.setText(kNoInformationText);
     const fs::path info = scenarioInformationFile(folder, name);
-    if (isFile(info)) {
+    if (isRegularFile(info)) {
         information.setText(readInformation(info));
     }
 
@@ -259,7 +258,7 @@ void Frmmain::saveScenarioAs() {
         app_.dialogs.message(MessageKind::Information, kNotSavedText);
         return;
     }
-    if (isFile(scenarioMarkerFile(scenarioFolder(), name)) &&
+    if (isRegularFile(scenarioMarkerFile(scenarioFolder(), name)) &&
         !app_.dialogs.askYesNo(kOverwriteScenarioText)) {
         app_.dialogs.message(MessageKind::Information, kNotSavedText);
         return;
@@ -316,12 +315,13 @@ bool Frmmain::dosave(const std::string& name) {
     saved &= app_.frmrandommain2.dosave(member(ScenarioMember::RandomTwo));
     saved &= app_.frmrandommain3.dosave(member(ScenarioMember::RandomThree));
     saved &= app_.frmrandommain4.dosave(member(ScenarioMember::RandomFour));
-    // The colour scheme (9) writes its member here once it is in the program; the
-    // scheme's second copy (7) follows the main settings.
+    saved &= app_.frmDemo.saveScenarioColours(member(ScenarioMember::Colours));
     saved &= app_.frmbwave.dosave(member(ScenarioMember::Brainwaves));
     saved &= app_.frmevolve.dosave(member(ScenarioMember::Weather));
     saved &= writeFileAtomically(member(ScenarioMember::Main),
                                  writeScenarioMainFile(scenarioMainRecord()));
+    // The scheme's second copy, written and never read by a load.
+    saved &= app_.frmDemo.saveScenarioColours(member(ScenarioMember::ColoursAgain));
 
     refreshscenariolist();
     scenarioList.setListIndex(scenarioList.find(name));

@@ -42,15 +42,6 @@ std::string withoutTreeFolder(const std::string& label, const AppPath& appPath,
     return label;
 }
 
-// A scheme colour as a number the panels paint with; nothing for another text.
-std::optional<Colour> colourNumber(const std::string& text) {
-    const std::optional<int> n = wholeNumberText(text);
-    if (!n || *n < 0) {
-        return std::nullopt;
-    }
-    return static_cast<Colour>(*n);
-}
-
 }  // namespace
 
 void Frmmain::wireSession() {
@@ -128,20 +119,14 @@ void Frmmain::readMainbAtLoad() {
                 r.presetCaptions[static_cast<std::size_t>(p)]);
         }
     }
+    // The scheme's colours, each a decimal text; one that is not a colour number leaves
+    // the built-in value. frmDemo applies the scheme at the end of the load.
     for (int c = 0; c < kSchemeColours; ++c) {
         if (read.has(18 + c)) {
-            carry.colours[static_cast<std::size_t>(c)] = r.colours[static_cast<std::size_t>(c)];
+            if (const auto colour = colourFromText(r.colours[static_cast<std::size_t>(c)])) {
+                setSessionColour(app_.scheme, c, *colour);
+            }
         }
-    }
-    // The panels paint from the scheme's button and highlight colours.
-    const auto schemeColour = [&](SchemeColour which) {
-        return colourNumber(carry.colours[static_cast<std::size_t>(which)]);
-    };
-    if (const auto button = schemeColour(SchemeColour::Button)) {
-        app_.SchemeButtonColour = *button;
-    }
-    if (const auto highlight = schemeColour(SchemeColour::Highlight)) {
-        app_.SchemeHighlightColour = *highlight;
     }
     for (int f = 0; f < 4; ++f) {
         if (read.has(28 + f)) {
@@ -273,7 +258,7 @@ void Frmmain::recallprevious() {
             withoutTreeFolder(r.panoramicLabel, app_.appPath, "visual/panoramics");
     }
     if (read.has(7)) {
-        carry.colourSchemeName = r.colourSchemeName;
+        app_.frmDemo.selectSchemeName(r.colourSchemeName);
     }
     // The previous scenario comes back on the status display.
     if (read.has(2)) {
@@ -331,7 +316,7 @@ MainRecord Frmmain::mainRecord() const {
     r.form33Randomise = app_.Form33.threshold.value();
     r.slideshowLabel = carry.slideshowLabel;
     r.panoramicLabel = carry.panoramicLabel;
-    r.colourSchemeName = carry.colourSchemeName;
+    r.colourSchemeName = app_.frmDemo.schemeName();
     r.soundCardIndex = app_.SoundCardIndex;
     return r;
 }
@@ -340,7 +325,10 @@ MainbRecord Frmmain::mainbRecord() const {
     MainbRecord r;
     r.groups = {Master.value(), Background.value(), Random.value(), MP3.value(), CD.value()};
     r.presetCaptions = presetCaptions();
-    r.colours = carry.colours;
+    const auto scheme = sessionColours(app_.scheme);
+    for (std::size_t c = 0; c < scheme.size(); ++c) {
+        r.colours[c] = colourText(scheme[c]);
+    }
     r.hiddenConsoleFields = carry.hiddenConsoleFields;
     r.remoteFolder = carry.remoteFolder;
     r.remoteCaption = carry.remoteCaption;

@@ -136,4 +136,12 @@ void Frmmain::customBankChanged() {
     Timercustomlcdupdate.setEnabled(true);
 }
 
+void Frmmain::docolors() {
+    // The console and its eight status displays, which take the scheme's palette.
+    colours.paint(app_.scheme);
+    for (LcdDisplay* display : displays()) {
+        paintDisplay(*display, app_.scheme);
+    }
+}
+
 }  // namespace brevane

@@ -48,4 +48,13 @@ void LcdDisplay::setColours(std::optional<LcdColours> colours) {
     }
 }
 
+LcdColours lcdColours(const ColourScheme& scheme) {
+    return {scheme.display[0], scheme.display[1], scheme.display[2], scheme.display[3]};
+}
+
+void paintDisplay(LcdDisplay& display, const ColourScheme& scheme) {
+    display.setPalette(lcdPaletteFromIndex(scheme.palette));
+    display.setColours(lcdColours(scheme));
+}
+
 }  // namespace brevane

@@ -17,6 +17,7 @@
 #include <string>
 
 #include "base/controls.h"
+#include "shell/colour_scheme.h"
 
 namespace brevane {
 
@@ -77,5 +78,10 @@ class LcdDisplay : public Control {
     LcdPalette palette_ = kDefaultPalette;
     std::optional<LcdColours> colours_;
 };
+
+// The four display colours of a scheme, swatch 1 to 4.
+LcdColours lcdColours(const ColourScheme& scheme);
+// A panel's docolors for one of its displays: the scheme's palette and its four colours.
+void paintDisplay(LcdDisplay& display, const ColourScheme& scheme);
 
 }  // namespace brevane

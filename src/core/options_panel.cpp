@@ -185,4 +185,8 @@ void OptionsPanel::launchOnBootClicked() {
                         RecordWriter().truth(launchOnBoot.checked()).endRecord().str());
 }
 
+void OptionsPanel::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

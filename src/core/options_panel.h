@@ -24,6 +24,7 @@
 #include <string>
 
 #include "base/controls.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -43,6 +44,10 @@ class OptionsPanel {
     explicit OptionsPanel(Application& app);
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // The page buttons, and the four pages: a page is shown while its frame is visible.
     CommandButton startupOptionsButton;

@@ -20,8 +20,8 @@
 // mainb.tmp, fifty fields:
 //   1-5   group sliders Master, Background, Random, MP3, CD (numbers)
 //   6-17  captions of presets 0 to 11
-//   18-27 colour values as decimal texts: gradient start, gradient end, button,
-//         highlight, panel, shade, window background, text, and two foregrounds
+//   18-27 colour values as decimal texts: gradient start, gradient end, button back,
+//         active, back, rollover, button text, text, text box back and fore
 //   28-31 four hidden console text fields
 //   32    remote's folder path   33 remote's caption   34 slideshow label
 //   35    custom random bank's Auto state   36 the random banks' Auto state (truth)
@@ -80,18 +80,20 @@ struct MainRecord {
     int soundCardIndex = 0;
 };
 
-// The ten colour values mainb.tmp keeps, in its order.
+// The ten colour values mainb.tmp keeps, in its order (shell/colour_scheme.h gives the
+// roles): the gradient pair, the button face, Active Color, Back Color, Rollover, then
+// button text, Text Color and the text box pair.
 enum class SchemeColour {
     GradientStart,
     GradientEnd,
-    Button,
-    Highlight,
-    Panel,
-    Shade,
-    WindowBackground,
+    ButtonBack,
+    Active,
+    Back,
+    Rollover,
+    ButtonText,
     Text,
-    Foreground1,
-    Foreground2,
+    TextBoxBack,
+    TextBoxFore,
 };
 inline constexpr int kSchemeColours = 10;
 
@@ -124,16 +126,11 @@ struct MainbRecord {
     std::string& colour(SchemeColour which) { return colours[static_cast<std::size_t>(which)]; }
 };
 
-// Values of the session whose panels are not in the program yet (the colour scheme, the remote, the
-// visuals, the scheduler and the brainwaves). The console keeps them from the files read at start
-// to the files written at quit, so a session passes through whole; each moves to its panel when the
-// panel comes.
+// Values of the session whose panels are not in the program yet (the remote, the visuals, the
+// scheduler and the brainwaves). The console keeps them from the files read at start to the files
+// written at quit, so a session passes through whole; each moves to its panel when the panel
+// comes.
 struct SessionCarry {
-    // The built-in scheme until a session or a scheme replaces it.
-    std::array<std::string, kSchemeColours> colours{"16761024", "4194304", "33023",    "16744576",
-                                                    "16777215", "5592405", "16777215", "0",
-                                                    "16777215", "0"};
-    std::string colourSchemeName;
     std::array<std::string, 4> hiddenConsoleFields{};
     std::string remoteFolder;
     std::string remoteCaption;

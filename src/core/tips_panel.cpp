@@ -2,9 +2,11 @@
 
 #include <string>
 
+#include "core/application.h"
+
 namespace brevane {
 
-TipsPanel::TipsPanel() {
+TipsPanel::TipsPanel(Application& app) : app_(app) {
     window.setCaption("Tips");
     nextButton.setCaption("Next Tip");
     nextButton.onClick = [this] { showTip((tip_ + 1) % static_cast<int>(kTips.size())); };
@@ -23,6 +25,10 @@ void TipsPanel::showTip(int index) {
     tipText.setCaption(kTips[static_cast<std::size_t>(index)]);
     tipNumber.setCaption("Tip " + std::to_string(index + 1) + " of " +
                          std::to_string(kTips.size()));
+}
+
+void TipsPanel::docolors() {
+    colours.paint(app_.scheme);
 }
 
 }  // namespace brevane

@@ -7,8 +7,11 @@
 #include <array>
 
 #include "base/controls.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
+
+class Application;
 
 class TipsPanel {
   public:
@@ -34,9 +37,13 @@ class TipsPanel {
         "you would. Turn it off again to keep your mix as it stands.",
     };
 
-    TipsPanel();
+    explicit TipsPanel(Application& app);
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
     Label tipText;
     // "Tip 1 of 4".
     Label tipNumber;
@@ -50,6 +57,7 @@ class TipsPanel {
 
   private:
     void showTip(int index);
+    Application& app_;
     int tip_ = 0;
 };
 

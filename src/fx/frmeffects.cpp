@@ -492,4 +492,8 @@ void Frmeffects::doload(const fs::path& file) {
     showOnConsole();
 }
 
+void Frmeffects::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

@@ -23,6 +23,7 @@
 #include "base/preset_folder.h"
 #include "base/settings_store.h"
 #include "engine/sound_engine.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -88,6 +89,10 @@ class Frmeffects {
     Frmeffects& operator=(const Frmeffects&) = delete;
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // The equalizer: gain in dB is value - 15.
     std::array<Slider, kBands> VScroll1;

@@ -352,4 +352,8 @@ void AlarmPanel::stopAlarm() {
     app_.engine.stop(channel);
 }
 
+void AlarmPanel::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

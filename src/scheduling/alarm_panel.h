@@ -23,6 +23,7 @@
 #include "base/event_loop.h"
 #include "base/settings_store.h"
 #include "engine/sound_engine.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -48,6 +49,10 @@ class AlarmPanel {
     AlarmPanel& operator=(const AlarmPanel&) = delete;
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // The time: two-digit texts, and the spinners beside them, upside down.
     TextBox Text1;  // hour

@@ -695,4 +695,12 @@ void SchedulerPanel::keepAwake() {
     app_.keepAwake();
 }
 
+void SchedulerPanel::docolors() {
+    colours.paint(app_.scheme);
+}
+
+void ScenarioFolderPanel::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

@@ -30,6 +30,7 @@
 #include "base/controls.h"
 #include "base/event_loop.h"
 #include "base/settings_store.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -61,6 +62,10 @@ class ScenarioFolderPanel {
     explicit ScenarioFolderPanel(Application& app);
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
     Label folderLabel;  // "Select the directory containing your scenario files:"
     Label filesLabel;   // "Scenario files contained in selected folder:"
     TextBox Dir1;       // the folder, a full path
@@ -109,6 +114,10 @@ class SchedulerPanel {
     SchedulerPanel& operator=(const SchedulerPanel&) = delete;
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     OptionGroup modes;
     OptionButton Optionex1;  // "Disable Scheduling"

@@ -741,4 +741,8 @@ bool Frmevolve::readPreset(const fs::path& file) {
     return true;
 }
 
+void Frmevolve::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

@@ -31,6 +31,7 @@
 #include "base/event_loop.h"
 #include "base/preset_folder.h"
 #include "base/settings_store.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -59,6 +60,10 @@ class Frmevolve {
     Frmevolve& operator=(const Frmevolve&) = delete;
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // ---- Rain and thunder ----
     Slider hscrollrain{0, 100, 80};             // Occurence (rain)

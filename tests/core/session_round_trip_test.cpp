@@ -87,22 +87,30 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
     // Every session file, byte for byte.
     // The first run went to the tray ("Minimize on startup"), and the session says so.
     EXPECT_EQ(fileText(at("states.tmp")), "#FALSE#,#FALSE#,#FALSE#,#FALSE#,#FALSE#\r\n");
-    EXPECT_EQ(fileText(at("main.tmp")), "\"False\",\"Summer Storm\",120,80,\"\",\"\",\"\",2\r\n");
+    // The first start took the scheme "Default" (its colours, with no file of it here).
+    EXPECT_EQ(fileText(at("main.tmp")),
+              "\"False\",\"Summer Storm\",120,80,\"\",\"\",\"Default\",2\r\n");
     EXPECT_EQ(fileText(at("scard.tmp")), "2\r\n");
     std::string unassigned;
     for (int i = 0; i < 11; ++i) {
         unassigned += "\"Currently Unassigned\",";
     }
-    EXPECT_EQ(fileText(at("mainb.tmp")),
-              "60,80,70,3000,7,\"Forest Rain\"," + unassigned +
-                  "\"16761024\",\"4194304\",\"33023\",\"16744576\",\"16777215\",\"5592405\","
-                  "\"16777215\",\"0\",\"16777215\",\"0\","
-                  "\"\",\"\",\"\",\"\",\"\",\"\",\"\","
-                  "#FALSE#,#TRUE#,"
-                  "\"Night Sea\",\"Night Sea\",\"Thunder\","
-                  "\"Summer Storm\",\"\",\"\",\"Not Named\","
-                  "\"\",\"\",#FALSE#,#FALSE#,0,0,\"\"\r\n");
+    std::string colours;
+    for (const Colour c : sessionColours(programLook())) {
+        colours += "\"" + colourText(c) + "\",";
+    }
+    EXPECT_EQ(fileText(at("mainb.tmp")), "60,80,70,3000,7,\"Forest Rain\"," + unassigned + colours +
+                                             "\"\",\"\",\"\",\"\",\"\",\"\",\"\","
+                                             "#FALSE#,#TRUE#,"
+                                             "\"Night Sea\",\"Night Sea\",\"Thunder\","
+                                             "\"Summer Storm\",\"\",\"\",\"Not Named\","
+                                             "\"\",\"\",#FALSE#,#FALSE#,0,0,\"\"\r\n");
     EXPECT_EQ(fileText(at("opti.tmp")), "1,1,1,1,1,\"60\",0,0,0\r\n");
+    const ColourScheme look = programLook();
+    EXPECT_EQ(fileText(at("colors.tmp")),
+              "2," + std::to_string(look.display[0]) + "," + std::to_string(look.display[1]) + "," +
+                  std::to_string(look.display[2]) + "," + std::to_string(look.display[3]) + ",\"" +
+                  colourText(look.line) + "\",\"" + colourText(look.active) + "\",\"Default\"\r\n");
     ASSERT_EQ(records.size(), 8u);
     for (const auto& [file, record] : records) {
         EXPECT_EQ(fileText(file), record) << file;
@@ -118,6 +126,8 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
     EXPECT_EQ(app.Form33.threshold.value(), 80);
     EXPECT_EQ(app.CurrentScenarioName, "Summer Storm");
     EXPECT_FALSE(app.frmmain.Timer4.enabled());
+    EXPECT_EQ(app.scheme, programLook());
+    EXPECT_EQ(app.frmDemo.schemeName(), "Default");
     EXPECT_TRUE(second.dialogs.shown().empty());
 
     // The intro fade brings Master back up to its saved level, and no further; then

@@ -25,7 +25,8 @@ TEST_F(SessionStart, FirstRunShowsTheTipsAfterTwoSecondsAndTurnsTheRestoreOn) {
     // No session file: every value is the built-in one.
     EXPECT_EQ(app.SavedMasterLevel, Frmmain::kBuiltInMasterLevel);
     EXPECT_EQ(app.frmmain.presetCaption(7), "Currently Unassigned");
-    EXPECT_EQ(app.SchemeButtonColour, 33023u);
+    // No colors.tmp: the scheme "Default", or its colours when the tree has no file of it.
+    EXPECT_EQ(app.scheme, programLook());
     EXPECT_FALSE(app.FRMOPTIONS.previousScenario.checked());
 
     run.loop.advance(Frmmain::kFirstRunMs - 1);
@@ -54,6 +55,8 @@ TEST_F(SessionStart, TheLoadAppliesMainTmpsFirstFourFieldsAndMainbWithMasterLeft
     r.presetListName = "Evenings";
     r.brainwaveList = "Theta";
     put("mainb.tmp", writeMainbFile(r));
+    // A session with colours has colors.tmp beside: Line and Active Color, the displays.
+    put("colors.tmp", "5,1,2,3,4,\"333\",\"65280\",\"Mine\"\r\n");
 
     SessionRun run(tree.root());
     Application& app = run.startAndLoad();
@@ -75,8 +78,13 @@ TEST_F(SessionStart, TheLoadAppliesMainTmpsFirstFourFieldsAndMainbWithMasterLeft
     EXPECT_EQ(app.frmmain.presetCaption(13), "Storm");
     EXPECT_EQ(app.frmmain.PresetListName, "Evenings");
     EXPECT_EQ(app.frmmain.carry.brainwaveList, "Theta");
-    EXPECT_EQ(app.SchemeButtonColour, 255u);
-    EXPECT_EQ(app.SchemeHighlightColour, 65280u);
+    EXPECT_EQ(app.scheme.startGradient, 1u);
+    EXPECT_EQ(app.scheme.buttonBack, 255u);
+    EXPECT_EQ(app.scheme.active, 65280u);
+    EXPECT_EQ(app.scheme.textBoxFore, 10u);
+    EXPECT_EQ(app.scheme.line, 333u);
+    EXPECT_EQ(app.scheme.palette, 5);
+    EXPECT_EQ(app.frmDemo.schemeName(), "Mine");
     // The custom bank's Auto state, and its repeat started; the fixed banks' stay off.
     EXPECT_TRUE(app.frmcustom.timerautorandom.enabled());
     EXPECT_FALSE(app.frmrandommain.timerautorandom.enabled());
@@ -251,7 +259,7 @@ TEST_F(SessionStart, RecallpreviousFollowsStatesTmpAndStripsTheVisualFolders) {
     EXPECT_FALSE(app.frmmain.window.visible());
     EXPECT_EQ(app.frmmain.carry.slideshowLabel, "Beach");
     EXPECT_EQ(app.frmmain.carry.panoramicLabel, "Alps.jpg");
-    EXPECT_EQ(app.frmmain.carry.colourSchemeName, "Dusk");
+    EXPECT_EQ(app.frmDemo.schemeName(), "Dusk");
     EXPECT_EQ(app.CurrentScenarioName, "Night Sea");
     EXPECT_TRUE(app.frmmain.Timershowoldform.enabled());
     run.loop.advance(Frmmain::kShowOldFormMs);
@@ -319,11 +327,13 @@ TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {
     EXPECT_EQ(run.dialogs.shown().size(), 1u);
     EXPECT_EQ(run.exits, std::vector<ExitKind>{ExitKind::AfterCleanUp});
     EXPECT_EQ(fileText(at("opti.tmp")), "1,1,0,1,0,\"60\",1,0,0\r\n");
-    EXPECT_EQ(files(), (std::vector<std::string>{
-                           "Timersettings.tmp", "Timersettings2.tmp", "alarm.tmp", "back.ini",
-                           "back2.ini", "backc.ini", "bwave.tmp", "effects.tmp", "evo.ini",
-                           "main.tmp", "mainb.tmp", "opti.tmp", "rand.ini", "rand2.ini",
-                           "rand3.ini", "rand4.ini", "randc.ini", "scard.tmp", "states.tmp"}));
+    EXPECT_EQ(
+        files(),
+        (std::vector<std::string>{
+            "Timersettings.tmp", "Timersettings2.tmp", "alarm.tmp",  "back.ini",    "back2.ini",
+            "backc.ini",         "bwave.tmp",          "colors.tmp", "effects.tmp", "evo.ini",
+            "main.tmp",          "mainb.tmp",          "opti.tmp",   "rand.ini",    "rand2.ini",
+            "rand3.ini",         "rand4.ini",          "randc.ini",  "scard.tmp",   "states.tmp"}));
 }
 
 }  // namespace

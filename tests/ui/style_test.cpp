@@ -19,5 +19,16 @@ TEST(StyleColours, StoredColoursReadBlueGreenRedFromTheTopDownAndGoThereAndBack)
     EXPECT_EQ(style::fromQColor(QColor(0x10, 0x20, 0x30, 0x40)), 0x00302010u);
 }
 
+TEST(StyleColours, ASchemesSheetFillsEveryColourItNames) {
+    for (const ColourScheme& s : {programLook(), builtInScheme()}) {
+        const QString sheet = style::schemeStyleSheet(s);
+        EXPECT_FALSE(sheet.contains(QLatin1Char('@'))) << sheet.toStdString();
+        for (const Colour c : {s.rollover, s.line, s.startGradient, s.endGradient, s.buttonBack}) {
+            EXPECT_TRUE(sheet.contains(style::toQColor(c).name())) << c;
+        }
+        EXPECT_EQ(style::schemePalette(s).color(QPalette::Window), style::toQColor(s.back));
+    }
+}
+
 }  // namespace
 }  // namespace brevane

@@ -1,13 +1,15 @@
 // scenariogen: writes the stock scenarios, the first run's soundscape, the stock preset
-// list, and the stock weather, brainwave and effects presets into a folder laid out as the
-// install tree (config/scenarios, config/presets, config/evolve, config/bwaves, config/fx).
+// list, the stock weather, brainwave and effects presets, the stock colour schemes and the
+// colour picker's palette into a folder laid out as the install tree (config/scenarios,
+// config/presets, config/evolve, config/bwaves, config/fx, config/colors, XP.pal).
 //
 //   scenariogen <folder>
 //
 // Each recipe is applied to a headless program on a scratch tree, through the same
 // controls a hand moves, and saved by the console's own save, so every member is
 // exactly what the program writes and reads. The first recipe is saved a second time
-// as the members of the empty name, without a marker: what a first run loads.
+// as the members of the empty name, without a marker: what a first run loads. The stock
+// scenarios carry no colours (members 9 and 7): loading one leaves the user's scheme.
 
 #include <cstdio>
 #include <filesystem>
@@ -24,7 +26,9 @@
 #include "core/application.h"
 #include "engine/recording_engine.h"
 #include "scenarios/scenario_files.h"
+#include "shell/colour_files.h"
 #include "stock_brainwaves.h"
+#include "stock_colours.h"
 #include "stock_effects.h"
 #include "stock_scenarios.h"
 #include "stock_weather.h"
@@ -125,6 +129,13 @@ bool saveRecipe(const stock::Scenario& recipe, const fs::path& out, const std::s
         if (savedAs.empty() && rest == kScenarioMarkerExtension) {
             continue;
         }
+        const auto colourMember = [&](ScenarioMember m) {
+            return entry.path().filename() ==
+                   scenarioMemberFile(scratch, recipe.name, m).filename();
+        };
+        if (colourMember(ScenarioMember::Colours) || colourMember(ScenarioMember::ColoursAgain)) {
+            continue;
+        }
         fs::copy_file(entry.path(), target / (savedAs + rest),
                       fs::copy_options::overwrite_existing);
     }
@@ -221,6 +232,23 @@ bool saveEffectsPresets(const fs::path& out) {
     return ok;
 }
 
+// Each scheme set on a fresh scheme panel through its swatches and palette list, as a
+// hand sets them, and saved by the panel's own writer; the palette by the picker's.
+bool saveColourSchemes(const fs::path& out) {
+    bool ok = true;
+    for (const stock::ColourSchemeRecipe& recipe : stock::colourSchemes()) {
+        HeadlessProgram program;
+        Frmdemo& demo = program.app.frmDemo;
+        for (int target = 1; target <= kSchemeTargets; ++target) {
+            demo.setColour(target, *recipe.scheme.target(target));
+        }
+        demo.paletteList.setListIndex(recipe.scheme.palette);
+        ok = ok && demo.scheme() == recipe.scheme &&
+             demo.dosave(out / kColourFolder / (recipe.name + kSchemeExtension));
+    }
+    return ok && writeFileAtomically(out / kPaletteFile, writePaletteFile(stock::pickerPalette()));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -238,15 +266,16 @@ int main(int argc, char** argv) {
     fs::create_directories(out / kPresetFolder);
     ok = ok && writeFileAtomically(out / kPresetFolder / (list.name + kPresetListExtension),
                                    writePresetList(list.captions));
-    ok = ok && saveWeatherPresets(out) && saveBrainwavePresets(out) && saveEffectsPresets(out);
+    ok = ok && saveWeatherPresets(out) && saveBrainwavePresets(out) && saveEffectsPresets(out) &&
+         saveColourSchemes(out);
     if (!ok) {
         return 1;
     }
     std::printf(
         "scenariogen: %zu scenarios, the preset list \"%s\", %zu weather and %zu brainwave "
-        "presets, %zu equalizer and %zu reverb presets in %s\n",
+        "presets, %zu equalizer and %zu reverb presets, %zu colour schemes in %s\n",
         recipes.size(), list.name.c_str(), stock::weatherPresets().size(),
         stock::brainwavePresets().size(), stock::eqPresets().size(), stock::reverbPresets().size(),
-        out.string().c_str());
+        stock::colourSchemes().size(), out.string().c_str());
     return 0;
 }

@@ -1,8 +1,10 @@
 #include "ui/binding/bindings.h"
 
+#include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -36,7 +38,8 @@ class Binding final : public QObject {
           showValue_(std::move(showValue)),
           ownPalette_(widget.testAttribute(Qt::WA_SetPalette) ? std::optional(widget.palette())
                                                               : std::nullopt),
-          ownAutoFill_(widget.autoFillBackground()) {
+          ownAutoFill_(widget.autoFillBackground()),
+          ownStyleSheet_(widget.styleSheet()) {
         watchId_ = control_.watch([this] { show(); });
         show();
     }
@@ -77,23 +80,44 @@ class Binding final : public QObject {
         }
         shownFore_ = fore;
         shownBack_ = back;
-        // Roles not set here are inherited, so the program's palette still shows
-        // through everywhere the control has no colour of its own.
+        // Roles not set here are inherited, so the window's palette still shows
+        // through everywhere the control has no colour of its own. A back colour given
+        // without a text colour takes black or white text, whichever reads on it.
+        const bool hasText = fore.has_value() || back.has_value();
+        const QColor text = style::toQColor(fore   ? *fore
+                                            : back ? readableTextOn(*back)
+                                                   : Colour{0});
+        const QColor face = style::toQColor(back.value_or(0));
         QPalette p = ownPalette_ ? *ownPalette_ : QPalette();
-        if (fore) {
-            const QColor c = style::toQColor(*fore);
+        if (hasText) {
             for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-                p.setColor(role, c);
+                p.setColor(role, text);
             }
         }
         if (back) {
-            const QColor c = style::toQColor(*back);
             for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
-                p.setColor(role, c);
+                p.setColor(role, face);
             }
         }
         widget_.setPalette(p);
         widget_.setAutoFillBackground(ownAutoFill_ || back.has_value());
+        // A button's face comes from its window's style sheet, which a palette does not
+        // reach: its own colours go into a sheet of its own, which wins.
+        if (qobject_cast<QAbstractButton*>(&widget_) != nullptr) {
+            QString sheet = ownStyleSheet_;
+            if (hasText) {
+                QString rule;
+                if (back) {
+                    rule += QStringLiteral("background-color: %1; ").arg(face.name());
+                }
+                rule += QStringLiteral("color: %1; ").arg(text.name());
+                sheet += QStringLiteral("\n%1 { %2}")
+                             .arg(QString::fromLatin1(widget_.metaObject()->className()), rule);
+            }
+            if (widget_.styleSheet() != sheet) {
+                widget_.setStyleSheet(sheet);
+            }
+        }
     }
 
     Control& control_;
@@ -102,8 +126,41 @@ class Binding final : public QObject {
     Control::WatchId watchId_ = 0;
     std::optional<QPalette> ownPalette_;
     bool ownAutoFill_;
+    QString ownStyleSheet_;
     std::optional<Colour> shownFore_;
     std::optional<Colour> shownBack_;
+};
+
+// A box that cannot be typed into shows its text as its placeholder: in the colour of
+// its text, not dimmed, whatever palette its window takes.
+class PlaceholderAsText final : public QObject {
+  public:
+    explicit PlaceholderAsText(QComboBox& box) : QObject(&box), box_(box) {
+        box_.installEventFilter(this);
+        follow();
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &box_ &&
+            (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)) {
+            follow();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void follow() {
+        const QColor text = box_.palette().color(QPalette::Text);
+        if (box_.palette().color(QPalette::PlaceholderText) != text) {
+            // Only this role is the box's own; the others stay its window's.
+            QPalette p;
+            p.setColor(QPalette::PlaceholderText, text);
+            box_.setPalette(p);
+        }
+    }
+
+    QComboBox& box_;
 };
 
 // The letter a button answers to with Alt, kept on the widget so that a caption that
@@ -303,11 +360,11 @@ void bindWidget(ComboBox& control, QComboBox& widget) {
         }
         if (!widget.isEditable() && widget.placeholderText() != qtText(control.text())) {
             widget.setPlaceholderText(qtText(control.text()));
-            QPalette p = widget.palette();
-            p.setColor(QPalette::PlaceholderText, p.color(QPalette::ButtonText));
-            widget.setPalette(p);
         }
     });
+    if (!widget.isEditable()) {
+        new PlaceholderAsText(widget);
+    }
     QObject::connect(
         &widget, &QComboBox::currentIndexChanged, binding,
         [binding, &control](int index) { binding->edit([&] { control.setListIndex(index); }); });

@@ -155,6 +155,8 @@ BwaveView::BwaveView(Frmbwave& panel, QWidget* parent) : QWidget(parent, Qt::Win
     presets->addWidget(bound<QPushButton>(panel.closeButton, this));
     root->addLayout(presets);
 
+    followColours(panel.colours, *this);
+
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
 }

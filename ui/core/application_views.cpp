@@ -9,15 +9,17 @@
 #include "ui/banks/random/random_bank_view.h"
 #include "ui/binding/bindings.h"
 #include "ui/brainwaves/bwave_view.h"
-#include "ui/fx/effects_view.h"
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
 #include "ui/core/splash_view.h"
 #include "ui/core/tips_view.h"
 #include "ui/core/tray_view.h"
+#include "ui/fx/effects_view.h"
 #include "ui/scheduling/alarm_view.h"
 #include "ui/scheduling/scheduler_view.h"
+#include "ui/shell/colour_picker_view.h"
+#include "ui/shell/demo_view.h"
 #include "ui/weather/evolve_view.h"
 #include "ui/widgets/program_icon.h"
 
@@ -48,6 +50,8 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.frmaddscenariodirectory.window,
         std::make_unique<ScenarioFolderView>(app.frmaddscenariodirectory));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
+    add(app.frmDemo.window, std::make_unique<DemoView>(app.frmDemo));
+    add(app.Frmcolorpicker.window, std::make_unique<ColourPickerView>(app.Frmcolorpicker));
     bindProgramHotkeys(app, *mainWindow_);
     // Every window answers Alt with its buttons' letters, so it works from the keyboard.
     for (QWidget* window : windows()) {

@@ -101,13 +101,10 @@ QWidget* mixSection(Frmmain& console, QWidget* parent) {
     faders->addWidget(fader(console.Bwaves, QStringLiteral("Bwaves"), mix));
     layout->addLayout(faders, 1);
     layout->addSpacing(style::kSpacing);
-    // Master Stop silences everything: a warm tint sets it apart from the panel
-    // buttons without shouting.
+    // Master Stop silences everything: a warm border sets it apart from the panel
+    // buttons without shouting, in every scheme (ui/widgets/style.cpp).
     auto* stop = new QPushButton(mix);
-    QPalette warm = stop->palette();
-    warm.setColor(QPalette::Button, QColor(0xF0, 0xDC, 0xD8));
-    warm.setColor(QPalette::ButtonText, QColor(0x7A, 0x2E, 0x26));
-    stop->setPalette(warm);
+    stop->setObjectName(QStringLiteral("masterStop"));
     bindWidget(console.masterStopButton, *stop);
     layout->addWidget(stop);
     return mix;
@@ -361,6 +358,7 @@ MainWindow::MainWindow(Frmmain& console, QWidget* parent) : QMainWindow(parent) 
 
     setCentralWidget(central);
     // Closing the console is the program's quit, which the quit routine handles.
+    followColours(console.colours, *this);
     followPanelWindow(console.window, *this, OnClose::Leave);
     new ConsoleWithoutTray(console, *this);
 

@@ -121,6 +121,7 @@ OptionsView::OptionsView(OptionsPanel& panel, QWidget* parent) : QWidget(parent,
     root->addLayout(closeRow);
 
     resize(640, 380);
+    followColours(panel.colours, *this);
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
 }
 

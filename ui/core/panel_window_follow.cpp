@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include "ui/platform/qt_text.h"
+#include "ui/widgets/style.h"
 
 namespace brevane {
 
@@ -52,6 +53,30 @@ class PanelWindowFollower final : public QObject {
     Control::WatchId watchId_ = 0;
 };
 
+class ColoursFollower final : public QObject {
+  public:
+    ColoursFollower(SchemePaint& paint, QWidget& widget)
+        : QObject(&widget), paint_(paint), widget_(widget) {
+        watchId_ = paint_.watch([this] { show(); });
+        show();
+    }
+    ~ColoursFollower() override { paint_.unwatch(watchId_); }
+
+  private:
+    void show() {
+        const std::optional<ColourScheme>& scheme = paint_.scheme();
+        if (scheme && scheme != shown_) {
+            shown_ = scheme;
+            style::paint(widget_, *scheme);
+        }
+    }
+
+    SchemePaint& paint_;
+    QWidget& widget_;
+    std::optional<ColourScheme> shown_;
+    Control::WatchId watchId_ = 0;
+};
+
 class ValueReadout final : public QObject {
   public:
     ValueReadout(RangeControl& control, QLabel& label)
@@ -81,6 +106,10 @@ void followPanelWindow(PanelWindow& panel, QWidget& window, OnClose onClose) {
 
 void followPanelWindow(PanelWindow& panel, QWidget& window, std::function<void()> closeCommand) {
     new PanelWindowFollower(panel, window, std::move(closeCommand));
+}
+
+void followColours(SchemePaint& paint, QWidget& widget) {
+    new ColoursFollower(paint, widget);
 }
 
 void showValue(RangeControl& control, QLabel& label) {

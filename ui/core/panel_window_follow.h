@@ -11,6 +11,7 @@
 #include <functional>
 
 #include "base/controls.h"
+#include "shell/panel_colours.h"
 
 class QLabel;
 
@@ -28,6 +29,11 @@ void followPanelWindow(PanelWindow& panel, QWidget& window, OnClose onClose);
 // The same, with the frame's close running the panel's own close command, which may
 // keep the window open (to ask for something first).
 void followPanelWindow(PanelWindow& panel, QWidget& window, std::function<void()> closeCommand);
+
+// Paints `widget` (a panel's window, or a part of one) in the scheme `paint` holds,
+// each time it changes (ui/widgets/style.h). Until the first painting the widget keeps
+// the program's own look.
+void followColours(SchemePaint& paint, QWidget& widget);
 
 // Keeps `label` showing the control's value as a number.
 void showValue(RangeControl& control, QLabel& label);

@@ -39,6 +39,7 @@ TipsView::TipsView(TipsPanel& panel, QWidget* parent) : QWidget(parent, Qt::Wind
     root->addLayout(buttons);
 
     resize(440, 260);
+    followColours(panel.colours, *this);
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
 }
 

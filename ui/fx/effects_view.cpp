@@ -155,6 +155,8 @@ EffectsView::EffectsView(Frmeffects& panel, QWidget* parent) : QWidget(parent, Q
     bottom->addWidget(button(panel.closeButton, this));
     root->addLayout(bottom);
 
+    followColours(panel.colours, *this);
+
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
 }

@@ -16,6 +16,14 @@ QString titleOr(const std::string& title) {
     return title.empty() ? QStringLiteral("Brevane") : qtDisplayText(title);
 }
 
+// A dialog takes the palette of the window it opens over, as it takes its style sheet,
+// so it stands in the colours of the scheme that window is painted in.
+template <class Dialog>
+Dialog& inParentsColours(Dialog& dialog) {
+    dialog.setAttribute(Qt::WA_WindowPropagation, true);
+    return dialog;
+}
+
 QMessageBox::Icon iconFor(MessageKind kind) {
     switch (kind) {
         case MessageKind::Information:
@@ -56,6 +64,7 @@ QString patternList(const QString& patterns) {
 std::optional<std::filesystem::path> runFileDialog(const FileDialogRequest& request, bool save) {
     QFileDialog dialog(QApplication::activeWindow(), qtDisplayText(request.title),
                        qtPath(request.startFolder), qtFileFilter(request.filter));
+    inParentsColours(dialog);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!request.fileName.empty()) {
@@ -88,6 +97,7 @@ QString qtFileFilter(std::string_view filter) {
 void QtDialogs::message(MessageKind kind, const std::string& text, const std::string& title) {
     QMessageBox box(iconFor(kind), titleOr(title), qtDisplayText(text), QMessageBox::Ok,
                     QApplication::activeWindow());
+    inParentsColours(box);
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
@@ -95,6 +105,7 @@ void QtDialogs::message(MessageKind kind, const std::string& text, const std::st
 bool QtDialogs::askYesNo(const std::string& text, const std::string& title) {
     QMessageBox box(QMessageBox::Question, titleOr(title), qtDisplayText(text),
                     QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+    inParentsColours(box);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
@@ -104,6 +115,7 @@ bool QtDialogs::askYesNo(const std::string& text, const std::string& title) {
 std::string QtDialogs::inputBox(const std::string& prompt, const std::string& title,
                                 const std::string& defaultText) {
     QInputDialog dialog(QApplication::activeWindow());
+    inParentsColours(dialog);
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(titleOr(title));
     dialog.setLabelText(qtDisplayText(prompt));
@@ -125,6 +137,7 @@ std::optional<std::filesystem::path> QtDialogs::saveFile(const FileDialogRequest
 std::optional<std::filesystem::path> QtDialogs::chooseFolder(
     const std::string& title, const std::filesystem::path& startFolder) {
     QFileDialog dialog(QApplication::activeWindow(), qtDisplayText(title), qtPath(startFolder));
+    inParentsColours(dialog);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {

@@ -112,6 +112,8 @@ AlarmView::AlarmView(AlarmPanel& panel, QWidget* parent)
     foot->addWidget(bound<QPushButton>(panel.closeButton, this));
     root->addLayout(foot);
 
+    followColours(panel.colours, *this);
+
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
 }

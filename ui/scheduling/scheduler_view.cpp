@@ -220,6 +220,8 @@ SchedulerView::SchedulerView(SchedulerPanel& panel, QWidget* parent) : QWidget(p
         QObject::connect(this, &QObject::destroyed, [page, id] { page->unwatch(id); });
     }
 
+    followColours(panel.colours, *this);
+
     followPanelWindow(panel.window, *this, [&panel] { panel.closeWindow(); });
     keepWindowPosition(*this, panel.position);
 }
@@ -290,6 +292,8 @@ ScenarioFolderView::ScenarioFolderView(ScenarioFolderPanel& panel, QWidget* pare
     buttons->addWidget(button(panel.cancelButton, this));
     root->addLayout(buttons);
     resize(460, 560);
+
+    followColours(panel.colours, *this);
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);

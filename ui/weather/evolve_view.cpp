@@ -167,6 +167,8 @@ EvolveView::EvolveView(Frmevolve& panel, QWidget* parent) : QWidget(parent, Qt::
     presets->addWidget(bound<QPushButton>(panel.closeButton, this));
     root->addLayout(presets);
 
+    followColours(panel.colours, *this);
+
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
 }

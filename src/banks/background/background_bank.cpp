@@ -736,4 +736,8 @@ void BackgroundBank::resetAll() {
     }
 }
 
+void BackgroundBank::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

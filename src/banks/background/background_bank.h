@@ -37,6 +37,7 @@
 #include "base/event_loop.h"
 #include "core/mix_group.h"
 #include "engine/sound_engine.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -95,6 +96,10 @@ class BackgroundBank : public MixGroupFollower {
     bool custom() const { return config_.custom; }
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
 
     // Slot 1 to 17.
     BackgroundSoundSlot& slot(int s) { return *slots_.at(static_cast<std::size_t>(s - 1)); }

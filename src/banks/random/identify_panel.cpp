@@ -68,4 +68,8 @@ void IdentifyPanel::showBank(int number) {
     bank->show();
 }
 
+void IdentifyPanel::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

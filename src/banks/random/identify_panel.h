@@ -19,6 +19,7 @@
 #include "base/controls.h"
 #include "base/event_loop.h"
 #include "base/settings_store.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -35,6 +36,10 @@ class IdentifyPanel {
     explicit IdentifyPanel(Application& app);
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
     ListBox soundPlaying;
     ListBox location;
     // "Clear List": empties both lists and puts "Waiting..." back in each.

@@ -63,7 +63,9 @@ RandomBank::RandomBank(Application& app, RandomBankConfig config)
     randomizeButton.onClick = [this] { randomize(); };
     autoButton.setCaption("Auto");
     // The panel takes the scheme's colours as it is made: Auto starts off.
-    autoButton.setBackColour(app_.SchemeButtonColour);
+    autoOffColour_ = app_.scheme.buttonBack;
+    autoOnColour_ = app_.scheme.active;
+    showAuto(false);
     autoButton.onClick = [this] {
         if (!mirroringAuto_) {
             autoClicked();
@@ -368,11 +370,11 @@ void RandomBank::autoClicked() {
         for (RandomBank* bank : banks) {
             bank->timerautorandom.setEnabled(true);
             bank->timerautorandom.setInterval(interval);
-            bank->autoButton.setBackColour(app_.SchemeHighlightColour);
+            bank->showAuto(true);
         }
     } else {
         for (RandomBank* bank : banks) {
-            bank->autoButton.setBackColour(app_.SchemeButtonColour);
+            bank->showAuto(false);
         }
         for (RandomBank* bank : banks) {
             bank->timerautorandom.setEnabled(false);
@@ -386,7 +388,11 @@ void RandomBank::autoClicked() {
 }
 
 bool RandomBank::autoOn() const {
-    return autoButton.backColour() != app_.SchemeButtonColour;
+    return autoButton.backColour() != autoOffColour_;
+}
+
+void RandomBank::showAuto(bool on) {
+    autoButton.setBackColour(on ? autoOnColour_ : autoOffColour_);
 }
 
 void RandomBank::setAutoChecked(bool checked) {
@@ -649,6 +655,16 @@ void RandomBank::resetAll() {
 
 Slider* RandomBank::groupCopy(MixGroup group) {
     return groupCopyAmong(group, {&Master, &maxvol, &Background, &MP3, &CD, &Bwaves});
+}
+
+void RandomBank::docolors() {
+    // Auto's state is its colour: read it in the colours the bank was painted with,
+    // and show it again in the new ones.
+    const bool on = autoOn();
+    colours.paint(app_.scheme);
+    autoOffColour_ = app_.scheme.buttonBack;
+    autoOnColour_ = app_.scheme.active;
+    showAuto(on);
 }
 
 }  // namespace brevane

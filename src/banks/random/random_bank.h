@@ -35,6 +35,7 @@
 #include "base/event_loop.h"
 #include "core/mix_group.h"
 #include "engine/sound_engine.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -78,6 +79,10 @@ class RandomBank : public MixGroupFollower {
     bool custom() const { return config_.userFiles; }
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
     // The heading, "BANK1" to "BANK4".
     Label heading;
 
@@ -184,7 +189,7 @@ class RandomBank : public MixGroupFollower {
     // between the fixed banks and the session's restore do.
     void setAutoChecked(bool checked);
     // Whether the automatic Randomize is on, as the Auto button's colour says: any
-    // colour but the scheme's button colour.
+    // colour but the button colour of the scheme the bank is painted in.
     bool autoOn() const;
 
     // The bank file. doload reads every field before it moves a slider; a file that
@@ -243,6 +248,11 @@ class RandomBank : public MixGroupFollower {
     std::array<RandomSoundSlot, kRandomSlots> slots_;
     // Set while another bank mirrors its Auto state into this one.
     bool mirroringAuto_ = false;
+    // Auto's two colours, off and on, from the scheme the bank was painted with last;
+    // the built-in scheme's until the first painting.
+    Colour autoOffColour_ = 0;
+    Colour autoOnColour_ = 0;
+    void showAuto(bool on);
 };
 
 }  // namespace brevane

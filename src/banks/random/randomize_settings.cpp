@@ -53,4 +53,8 @@ void RandomizeSettings::unload() {
     }
 }
 
+void RandomizeSettings::docolors() {
+    colours.paint(app_.scheme);
+}
+
 }  // namespace brevane

@@ -22,6 +22,7 @@
 
 #include "base/controls.h"
 #include "base/settings_store.h"
+#include "shell/panel_colours.h"
 
 namespace brevane {
 
@@ -40,6 +41,10 @@ class RandomizeSettings {
                       std::string settingsSection);
 
     PanelWindow window;
+    // What the panel is painted in: docolors paints it from the program's scheme each
+    // time the window opens, and on the scheme panel's Apply while it is open.
+    PanelColours colours{window, [this] { docolors(); }};
+    void docolors();
     Label periodLabel;
     Label thresholdLabel;
     // "Randomize every ... minutes": empty until the user picks.

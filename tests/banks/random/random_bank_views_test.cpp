@@ -44,18 +44,19 @@ TEST_F(RandomBankViewsTest, TheCommandRowDrivesTheBankAutoShowsItsColourAndDotsS
 
     QPushButton* autoButton = test::named<QPushButton>(w, QStringLiteral("Auto"));
     ASSERT_NE(autoButton, nullptr);
-    // Off shows as an ordinary button, on in the scheme's highlight.
-    EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
+    // Off shows as an ordinary button of its window, on in the scheme's highlight.
+    EXPECT_EQ(autoButton->palette().color(QPalette::Button),
+              style::toQColor(app->scheme.buttonBack));
     QTest::mouseClick(autoButton, Qt::LeftButton);
     EXPECT_TRUE(app->frmrandommain3.timerautorandom.enabled());
-    EXPECT_EQ(autoButton->palette().color(QPalette::Button),
-              style::toQColor(app->SchemeHighlightColour));
+    EXPECT_EQ(autoButton->palette().color(QPalette::Button), style::toQColor(app->scheme.active));
     // The mirror reaches the other banks' windows too.
     QWidget& w2 = windowOf(app->frmrandommain2.window);
     EXPECT_TRUE(test::named<QPushButton>(w2, QStringLiteral("Auto"))->isChecked());
     QTest::mouseClick(autoButton, Qt::LeftButton);
     EXPECT_FALSE(app->frmrandommain3.timerautorandom.enabled());
-    EXPECT_EQ(autoButton->palette().color(QPalette::Button), QPalette().color(QPalette::Button));
+    EXPECT_EQ(autoButton->palette().color(QPalette::Button),
+              style::toQColor(app->scheme.buttonBack));
 
     // "..." shows the settings window, which sets the period and closes on Close.
     QTest::mouseClick(test::named<QPushButton>(w, QStringLiteral("Randomize settings")),

@@ -114,7 +114,7 @@ TEST_F(RandomCommandsTest, AutoSwitchesTheFixedBanksTogetherTheColourSaysWhichAn
     bank(3).autoButton.setValue(true);
     h.loop.advance(3 * 60 * 60 * 1000);
     for (RandomBank* b : app->randomBanks()) {
-        EXPECT_EQ(b->autoButton.backColour(), app->SchemeHighlightColour);
+        EXPECT_TRUE(b->autoOn());
         EXPECT_TRUE(b->timerautorandom.enabled());
         EXPECT_EQ(b->timerautorandom.interval(), 0);
         EXPECT_EQ(b->autoTickCount, 0);
@@ -127,11 +127,11 @@ TEST_F(RandomCommandsTest, AutoSwitchesTheFixedBanksTogetherTheColourSaysWhichAn
     for (RandomBank* b : app->randomBanks()) {
         EXPECT_TRUE(b->timerautorandom.enabled());
         EXPECT_EQ(b->timerautorandom.interval(), 1000);
-        EXPECT_EQ(b->autoButton.backColour(), app->SchemeHighlightColour);
+        EXPECT_TRUE(b->autoOn());
         EXPECT_TRUE(b->autoButton.value());
     }
     EXPECT_FALSE(app->frmcustom.timerautorandom.enabled());
-    EXPECT_EQ(app->frmcustom.autoButton.backColour(), app->SchemeButtonColour);
+    EXPECT_FALSE(app->frmcustom.autoOn());
 
     // A bank's checked state turned back quietly does not turn the repeat off: only the
     // colour decides, so the next click on it still turns everything off.
@@ -140,7 +140,7 @@ TEST_F(RandomCommandsTest, AutoSwitchesTheFixedBanksTogetherTheColourSaysWhichAn
     bank(4).autoButton.setValue(true);
     for (RandomBank* b : app->randomBanks()) {
         EXPECT_FALSE(b->timerautorandom.enabled());
-        EXPECT_EQ(b->autoButton.backColour(), app->SchemeButtonColour);
+        EXPECT_FALSE(b->autoOn());
         EXPECT_TRUE(b->autoButton.value());
     }
     // With the checked state and the colour apart, a click that unchecks turns on.
@@ -186,7 +186,7 @@ TEST_F(RandomCommandsTest, ClosingForm3StartsBankOnesRepeatAloneWhateverAutoShow
     EXPECT_FALSE(app->Form3.window.visible());
     EXPECT_TRUE(bank(1).timerautorandom.enabled());
     EXPECT_EQ(bank(1).timerautorandom.interval(), 5000);
-    EXPECT_EQ(bank(1).autoButton.backColour(), app->SchemeButtonColour);
+    EXPECT_FALSE(bank(1).autoOn());
     EXPECT_EQ(bank(2).timerautorandom.interval(), 7000);
 
     // Bank 1 randomizes every 5 minutes; the others never do.
@@ -221,7 +221,7 @@ TEST_F(RandomCommandsTest, TheCustomBanksAutoStandsApartAndReadsForm33) {
     c.autoButton.setValue(true);
     EXPECT_TRUE(c.timerautorandom.enabled());
     EXPECT_EQ(c.timerautorandom.interval(), 10000);
-    EXPECT_EQ(c.autoButton.backColour(), app->SchemeHighlightColour);
+    EXPECT_TRUE(c.autoOn());
     for (RandomBank* b : app->randomBanks()) {
         EXPECT_FALSE(b->timerautorandom.enabled());
         EXPECT_FALSE(b->autoButton.value());

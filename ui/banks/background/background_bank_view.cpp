@@ -306,6 +306,8 @@ BackgroundBankView::BackgroundBankView(BackgroundBank& bank, QWidget* parent)
     side->addLayout(commands);
     root->addLayout(side);
 
+    followColours(bank.colours, *this);
+
     followPanelWindow(bank.window, *this, OnClose::HidePanel);
 }
 

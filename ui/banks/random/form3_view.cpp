@@ -62,6 +62,8 @@ RandomizeSettingsView::RandomizeSettingsView(RandomizeSettings& panel, QWidget* 
     buttons->addWidget(close);
     root->addLayout(buttons);
 
+    followColours(panel.colours, *this);
+
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
 }

@@ -58,6 +58,7 @@ IdentifyView::IdentifyView(IdentifyPanel& panel, QWidget* parent) : QWidget(pare
     root->addLayout(buttons);
 
     resize(460, 420);
+    followColours(panel.colours, *this);
     followPanelWindow(panel.window, *this, OnClose::HidePanel);
     keepWindowPosition(*this, panel.position);
 }

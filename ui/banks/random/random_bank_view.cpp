@@ -125,14 +125,14 @@ QGroupBox* bulkButtons(std::array<CommandButton, N>& buttons, const QString& col
     return box;
 }
 
-// Auto's state is its colour. Until the colour schemes paint every button, the
-// scheme's button colour (off) shows as the program's own button look, so that only
-// the highlight (on) stands out.
+// Auto's state is its colour. Off, its colour is the scheme's button face, and the
+// button shows as every other of its window, rollover and all; on, the highlight.
 void showAutoState(RandomBank& bank, QPushButton& widget) {
     const auto show = [&bank, &widget] {
         if (!bank.autoOn()) {
             widget.setPalette(QPalette());
             widget.setAutoFillBackground(false);
+            widget.setStyleSheet(QString());
         }
     };
     const Control::WatchId id = bank.autoButton.watch(show);
@@ -233,6 +233,8 @@ RandomBankView::RandomBankView(RandomBank& bank, QWidget* parent) : QWidget(pare
 
     root->addLayout(commandRow(bank, this));
     root->addLayout(navigationRow(bank, this));
+
+    followColours(bank.colours, *this);
 
     followPanelWindow(bank.window, *this, OnClose::HidePanel);
 }
