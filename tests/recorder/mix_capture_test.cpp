@@ -1,0 +1,103 @@
+// Record mode: the program's mix, handed over its local socket, captured to a file that
+// matches what the mixer rendered in the same moments.
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+#include <chrono>
+#include <cmath>
+#include <numbers>
+#include <thread>
+
+#include "engine/mix_share.h"
+#include "engine/mixer_engine.h"
+#include "engine/sound_file_writer.h"
+#include "recorder/mix_capture.h"
+#include "recorder/sound_files.h"
+
+namespace brevane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Capture : public ::testing::Test {
+  protected:
+    Capture() : address("brevane-test-mix-" + std::to_string(::getpid())) {
+        std::vector<float> tone(44100);
+        for (std::size_t i = 0; i < tone.size(); ++i) {
+            tone[i] = 0.4f * static_cast<float>(std::sin(2.0 * std::numbers::pi * 441.0 *
+                                                         static_cast<double>(i) / 44100.0));
+        }
+        writeSoundFile(tree.root() / "tone.wav", tone, 1, 44100);
+        engine.start(0);
+        const ChannelHandle c = engine.play(engine.loadSample(tree.root() / "tone.wav"));
+        engine.setLoopMode(c, LoopMode::Normal);
+        engine.setPan(c, 60);
+    }
+
+    // Renders as a device would, 100 ms at a time, keeping what was played.
+    void play(int buffers, std::vector<float>& played) {
+        for (int i = 0; i < buffers; ++i) {
+            const std::vector<float> b = engine.render(4410);
+            played.insert(played.end(), b.begin(), b.end());
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+    }
+
+    TempTree tree;
+    std::string address;
+    MixerEngine engine{MixerEngine::Output::Offline};
+};
+
+TEST_F(Capture, TheFileHoldsWhatWasPlayedInTheSameMomentsAndNothingMore) {
+    MixShare share(engine.mixer(), address);
+    ASSERT_TRUE(share.listening());
+    std::vector<float> before;
+    play(3, before);  // played before the recording: not in the file
+
+    MixCapture capture;
+    ASSERT_TRUE(capture.start(address, tree.root() / "rec.flac", SoundFileFormat::Flac16));
+    std::vector<float> played;
+    play(20, played);
+    for (int i = 0; i < 500 && capture.frames() < played.size() / 2; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_GT(capture.peak(0), 0.05f);
+    EXPECT_FALSE(fs::exists(tree.root() / "rec.flac"));  // under its temporary name until the end
+    ASSERT_TRUE(capture.stop());
+
+    const test::ReadBack file = test::readBack(tree.root() / "rec.flac");
+    EXPECT_EQ(file.format, SF_FORMAT_FLAC);
+    ASSERT_EQ(file.samples.size(), played.size());
+    float worst = 0;
+    for (std::size_t i = 0; i < played.size(); ++i) {
+        worst = std::max(worst, std::fabs(file.samples[i] - played[i]));
+    }
+    // Within the 16-bit step of the file.
+    EXPECT_LE(worst, 1.0f / 32768.0f);
+    EXPECT_TRUE(capture.loudness().has_value());
+}
+
+TEST_F(Capture, WithoutTheProgramThereIsNothingToRecordAndWhenItGoesTheFileIsKept) {
+    MixCapture capture;
+    EXPECT_FALSE(capture.start(address, tree.root() / "none.wav", SoundFileFormat::Wav16));
+    EXPECT_FALSE(fs::exists(tree.root() / "none.wav"));
+
+    auto share = std::make_unique<MixShare>(engine.mixer(), address);
+    ASSERT_TRUE(capture.start(address, tree.root() / "kept.wav", SoundFileFormat::Wav16));
+    std::vector<float> played;
+    play(5, played);
+    for (int i = 0; i < 500 && capture.frames() < played.size() / 2; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    share.reset();  // the program quits
+    for (int i = 0; i < 500 && capture.live(); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_FALSE(capture.live());
+    ASSERT_TRUE(capture.stop());
+    EXPECT_EQ(test::readBack(tree.root() / "kept.wav").samples.size(), played.size());
+}
+
+}  // namespace
+}  // namespace brevane
