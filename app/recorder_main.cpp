@@ -2,6 +2,7 @@
 // what the program plays, or renders a saved scenario to a file.
 
 #include <QApplication>
+#include <QDir>
 #include <QStandardPaths>
 
 #include "base/event_loop.h"
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
-    if (music.isEmpty()) {
+    if (music.isEmpty() || !QDir(music).exists()) {
         music = QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
     }
     brevane::EventLoop loop;

@@ -15,20 +15,20 @@ MixCapture::~MixCapture() {
     }
 }
 
-bool MixCapture::start(const std::string& address, const std::filesystem::path& file,
-                       SoundFileFormat format) {
+MixCapture::Start MixCapture::start(const std::string& address, const std::filesystem::path& file,
+                                    SoundFileFormat format) {
     if (active() || !client_.connect(address)) {
-        return false;
+        return Start::NoProgram;
     }
     if (client_.channels() != 2) {
         client_.close();
-        return false;
+        return Start::NoProgram;
     }
     file_ = std::make_unique<SoundFileStream>(file, 2, client_.rate(), format);
     if (!file_->ok()) {
         file_.reset();
         client_.close();
-        return false;
+        return Start::FileFailed;
     }
     meter_ = std::make_unique<LoudnessMeter>(client_.rate());
     frames_.store(0);
@@ -36,7 +36,7 @@ bool MixCapture::start(const std::string& address, const std::filesystem::path& 
     loudness_.reset();
     live_.store(true, std::memory_order_release);
     thread_ = std::thread([this] { run(); });
-    return true;
+    return Start::Started;
 }
 
 void MixCapture::run() {

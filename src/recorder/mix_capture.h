@@ -26,9 +26,9 @@ class MixCapture {
     MixCapture(const MixCapture&) = delete;
     MixCapture& operator=(const MixCapture&) = delete;
 
-    // False when no program answers at `address` or the file cannot be made.
-    bool start(const std::string& address, const std::filesystem::path& file,
-               SoundFileFormat format);
+    enum class Start { Started, NoProgram, FileFailed };
+    Start start(const std::string& address, const std::filesystem::path& file,
+                SoundFileFormat format);
     // Ends the recording and gives the file its name. False when a write failed; the
     // file is then gone.
     bool stop();

@@ -49,6 +49,10 @@ std::string trimmed(const std::string& text) {
     return first == std::string::npos ? std::string() : text.substr(first, last - first + 1);
 }
 
+std::string cannotWrite(const std::string& file) {
+    return "The file " + file + " could not be written. Please choose another folder.";
+}
+
 std::string megabytes(std::uintmax_t bytes) {
     char text[32];
     std::snprintf(text, sizeof text, "%.1f MB", static_cast<double>(bytes) / 1e6);
@@ -290,11 +294,17 @@ void RecorderPanel::startRecording() {
     if (!fileChosen()) {
         return;
     }
-    if (!capture_.start(shareAddress_, fileBox.text(), format())) {
-        dialogs_.message(MessageKind::Exclamation,
-                         "Brevane could not be heard. Start Brevane, or end the recording "
-                         "another recorder is making, then press Record again.");
-        return;
+    switch (capture_.start(shareAddress_, fileBox.text(), format())) {
+        case MixCapture::Start::Started:
+            break;
+        case MixCapture::Start::NoProgram:
+            dialogs_.message(MessageKind::Exclamation,
+                             "Brevane could not be heard. Start Brevane, or end the recording "
+                             "another recorder is making, then press Record again.");
+            return;
+        case MixCapture::Start::FileFailed:
+            dialogs_.message(MessageKind::Exclamation, cannotWrite(fileBox.text()));
+            return;
     }
     statusLabel.setCaption("Recording...");
     setBusy(true);

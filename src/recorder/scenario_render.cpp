@@ -180,7 +180,8 @@ RenderResult renderScenario(const AppPath& tree, const RenderOptions& o, RenderP
     }
     SoundFileStream file(o.file, 2, kMixRate, o.format);
     if (!file.ok()) {
-        return failed("The file " + o.file.string() + " could not be written.");
+        return failed("The file " + o.file.string() +
+                      " could not be written. Please choose another folder.");
     }
 
     HeadlessProgram<MixerEngine> program(scratch.root(), o.seed, MixerEngine::Output::Offline);

@@ -56,7 +56,8 @@ TEST_F(Capture, TheFileHoldsWhatWasPlayedInTheSameMomentsAndNothingMore) {
     play(3, before);  // played before the recording: not in the file
 
     MixCapture capture;
-    ASSERT_TRUE(capture.start(address, tree.root() / "rec.flac", SoundFileFormat::Flac16));
+    ASSERT_EQ(capture.start(address, tree.root() / "rec.flac", SoundFileFormat::Flac16),
+              MixCapture::Start::Started);
     std::vector<float> played;
     play(20, played);
     for (int i = 0; i < 500 && capture.frames() < played.size() / 2; ++i) {
@@ -80,11 +81,15 @@ TEST_F(Capture, TheFileHoldsWhatWasPlayedInTheSameMomentsAndNothingMore) {
 
 TEST_F(Capture, WithoutTheProgramThereIsNothingToRecordAndWhenItGoesTheFileIsKept) {
     MixCapture capture;
-    EXPECT_FALSE(capture.start(address, tree.root() / "none.wav", SoundFileFormat::Wav16));
+    EXPECT_EQ(capture.start(address, tree.root() / "none.wav", SoundFileFormat::Wav16),
+              MixCapture::Start::NoProgram);
     EXPECT_FALSE(fs::exists(tree.root() / "none.wav"));
 
     auto share = std::make_unique<MixShare>(engine.mixer(), address);
-    ASSERT_TRUE(capture.start(address, tree.root() / "kept.wav", SoundFileFormat::Wav16));
+    EXPECT_EQ(capture.start(address, tree.root() / "no folder/kept.wav", SoundFileFormat::Wav16),
+              MixCapture::Start::FileFailed);
+    ASSERT_EQ(capture.start(address, tree.root() / "kept.wav", SoundFileFormat::Wav16),
+              MixCapture::Start::Started);
     std::vector<float> played;
     play(5, played);
     for (int i = 0; i < 500 && capture.frames() < played.size() / 2; ++i) {

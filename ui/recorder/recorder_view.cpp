@@ -132,7 +132,8 @@ RecorderView::RecorderView(RecorderPanel& panel, QWidget* parent) : QWidget(pare
     auto* output = new QGroupBox(QStringLiteral("File"), this);
     auto* outputGrid = new QGridLayout(output);
     style::applySpacing(*outputGrid);
-    field<QComboBox>(panel.formatBox, output, *outputGrid, 0, 0);
+    field<QComboBox>(panel.formatBox, output, *outputGrid, 0, 0)->setMinimumWidth(140);
+    outputGrid->setAlignment(outputGrid->itemAtPosition(0, 1)->widget(), Qt::AlignLeft);
     auto* file = field<QLineEdit>(panel.fileBox, output, *outputGrid, 1, 0);
     file->setMinimumWidth(360);
     outputGrid->addWidget(bound<QPushButton>(panel.browseButton, output), 1, 2);
