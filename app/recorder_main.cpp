@@ -8,9 +8,11 @@
 #include "base/event_loop.h"
 #include "engine/mix_share.h"
 #include "recorder/recorder_panel.h"
+#include "ui/core/kept_window_position.h"
 #include "ui/platform/program_folder.h"
 #include "ui/platform/qt_dialogs.h"
 #include "ui/platform/qt_event_loop_driver.h"
+#include "ui/platform/qt_settings_store.h"
 #include "ui/platform/qt_text.h"
 #include "ui/recorder/recorder_view.h"
 #include "ui/widgets/program_icon.h"
@@ -35,8 +37,12 @@ int main(int argc, char** argv) {
     brevane::QtDialogs dialogs;
     brevane::RecorderPanel panel(*folder, loop, dialogs, brevane::pathFromQt(music),
                                  brevane::mixShareAddress(folder->root()));
+    brevane::QtSettingsStore settings;
+    panel.position =
+        brevane::readWindowPosition(settings, brevane::RecorderPanel::kSettingsSection);
     brevane::RecorderView view(panel);
     view.setWindowIcon(brevane::programIcon());
+    brevane::keepWindowPosition(view, panel.position);
     // The window's close ends what runs and hides the panel; the recorder ends with it.
     panel.window.watch([&panel] {
         if (!panel.window.visible()) {
@@ -44,5 +50,11 @@ int main(int argc, char** argv) {
         }
     });
     panel.show();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    if (panel.position) {
+        brevane::writeWindowPosition(settings, brevane::RecorderPanel::kSettingsSection,
+                                     *panel.position);
+        settings.sync();
+    }
+    return status;
 }

@@ -35,11 +35,14 @@ sockaddr_un addressOf(const std::string& name, socklen_t& length) {
     return a;
 }
 
-bool sendAll(int fd, const void* data, std::size_t bytes) {
-    const auto* p = static_cast<const unsigned char*>(data);
+// Sends or receives all of `bytes`. False when the other side has gone, or when `stop`
+// is set while a send waits on a recorder that has stopped reading.
+bool transferAll(int fd, void* data, std::size_t bytes, bool sending,
+                 const std::atomic<bool>& stop) {
+    auto* p = static_cast<unsigned char*>(data);
     while (bytes > 0) {
-        const ssize_t n = ::send(fd, p, bytes, MSG_NOSIGNAL);
-        if (n < 0 && (errno == EINTR || errno == EAGAIN)) {
+        const ssize_t n = sending ? ::send(fd, p, bytes, MSG_NOSIGNAL) : ::recv(fd, p, bytes, 0);
+        if (n < 0 && (errno == EINTR || errno == EAGAIN) && !stop.load()) {
             continue;
         }
         if (n <= 0) {
@@ -51,21 +54,7 @@ bool sendAll(int fd, const void* data, std::size_t bytes) {
     return true;
 }
 
-bool readAll(int fd, void* data, std::size_t bytes) {
-    auto* p = static_cast<unsigned char*>(data);
-    while (bytes > 0) {
-        const ssize_t n = ::recv(fd, p, bytes, 0);
-        if (n < 0 && errno == EINTR) {
-            continue;
-        }
-        if (n <= 0) {
-            return false;
-        }
-        p += n;
-        bytes -= static_cast<std::size_t>(n);
-    }
-    return true;
-}
+const std::atomic<bool> kNeverStop{false};
 
 }  // namespace
 
@@ -136,7 +125,7 @@ void MixShare::serve(int client) {
     ring.discard();
     mixer_.setTapping(true);
     serving_.store(true, std::memory_order_release);
-    if (!sendAll(client, header.data(), header.size())) {
+    if (!transferAll(client, header.data(), header.size(), true, stop_)) {
         mixer_.setTapping(false);
         serving_.store(false, std::memory_order_release);
         return;
@@ -146,7 +135,7 @@ void MixShare::serve(int client) {
     while (open && !stop_.load()) {
         const std::size_t n = ring.read(block.data(), block.size());
         if (n > 0) {
-            open = sendAll(client, block.data(), n * sizeof(float));
+            open = transferAll(client, block.data(), n * sizeof(float), true, stop_);
             continue;
         }
         // Nothing to send: wait a little, and notice a recorder that went away.
@@ -172,7 +161,7 @@ bool MixShareClient::connect(const std::string& address) {
     std::array<unsigned char, kHeaderBytes> header{};
     std::int32_t format[2] = {0, 0};
     if (::connect(fd, reinterpret_cast<const sockaddr*>(&a), length) != 0 ||
-        !readAll(fd, header.data(), header.size()) ||
+        !transferAll(fd, header.data(), header.size(), false, kNeverStop) ||
         std::memcmp(header.data(), kMagic.data(), kMagic.size()) != 0) {
         ::close(fd);
         return false;
@@ -215,11 +204,16 @@ std::size_t MixShareClient::read(float* values, std::size_t maxValues) {
     }
 }
 
+void MixShareClient::interrupt() {
+    const int fd = fd_.load();
+    if (fd >= 0) {
+        ::shutdown(fd, SHUT_RDWR);
+    }
+}
+
 void MixShareClient::close() {
     const int fd = fd_.exchange(-1);
     if (fd >= 0) {
-        // Wakes a read() waiting on another thread before the descriptor goes.
-        ::shutdown(fd, SHUT_RDWR);
         ::close(fd);
     }
 }

@@ -51,8 +51,8 @@ class MixShare {
 
 // The recorder's side: a connection to a program's MixShare.
 //
-// Thread: connect() on one thread; read() then on one thread at a time; close() from
-// any thread, also to end a read() waiting on another.
+// Thread: connect(), read() and close() on one thread at a time; interrupt() from any
+// thread, to end a read() waiting on another before that thread is joined and close()d.
 class MixShareClient {
   public:
     MixShareClient() = default;
@@ -67,6 +67,9 @@ class MixShareClient {
     // Waits for and reads up to `maxValues` samples; 0 once the program has gone or
     // close() was called.
     std::size_t read(float* values, std::size_t maxValues);
+    // Ends the connection for reading: a waiting read() returns 0, and so do later ones.
+    void interrupt();
+    // Lets the connection go; no read() may be running.
     void close();
 
   private:

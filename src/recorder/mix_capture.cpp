@@ -9,7 +9,7 @@
 namespace brevane {
 
 MixCapture::~MixCapture() {
-    client_.close();
+    client_.interrupt();
     if (thread_.joinable()) {
         thread_.join();
     }
@@ -73,10 +73,11 @@ bool MixCapture::stop() {
     if (!active()) {
         return false;
     }
-    client_.close();
+    client_.interrupt();
     if (thread_.joinable()) {
         thread_.join();
     }
+    client_.close();
     const bool kept = !writeFailed_.load() && file_->finish();
     loudness_ = kept ? meter_->integrated() : std::nullopt;
     file_.reset();

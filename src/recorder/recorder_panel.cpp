@@ -6,7 +6,9 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/file_io.h"
 #include "base/preset_folder.h"
+#include "core/session_files.h"
 #include "engine/mix_format.h"
 #include "scenarios/scenario_files.h"
 
@@ -201,7 +203,15 @@ SoundFileFormat RecorderPanel::format() const {
 
 void RecorderPanel::fillScenarios() {
     fillList(scenarioBox, folderNames(tree_ / kScenarioFolder, kScenarioMarkerExtension));
-    scenarioBox.setListIndex(scenarioBox.count() > 0 ? 0 : -1);
+    // The scenario the program played last comes first to hand.
+    int current = scenarioBox.count() > 0 ? 0 : -1;
+    if (const auto main = readWholeFile(tree_ / kMainFile)) {
+        const auto read = readMainFile(*main, 2);
+        if (read.has(2) && scenarioBox.find(read.record.scenarioName) >= 0) {
+            current = scenarioBox.find(read.record.scenarioName);
+        }
+    }
+    scenarioBox.setListIndex(current);
 }
 
 void RecorderPanel::modeChanged() {

@@ -22,6 +22,7 @@
 #include "base/controls.h"
 #include "base/dialogs.h"
 #include "base/event_loop.h"
+#include "base/settings_store.h"
 #include "engine/sound_file_writer.h"
 #include "recorder/mix_capture.h"
 #include "recorder/scenario_render.h"
@@ -91,6 +92,10 @@ class RecorderPanel {
 
     // Follows the capture or the render while one runs.
     Timer Timerwatch;
+
+    // Where the window stands, kept from one run to the next under kSettingsSection.
+    static constexpr const char* kSettingsSection = "Recorder";
+    std::optional<WindowPosition> position;
 
     void show();
     // The window's close: ends what runs, then hides.

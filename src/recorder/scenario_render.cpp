@@ -27,10 +27,14 @@ namespace fs = std::filesystem;
 // stretches are shorter: the render stops at every tick that is due.
 constexpr std::int64_t kLongestStretchMs = 1000;
 
-// Session files of the live program that belong to it alone: its alarm and its schedule
-// would load other scenarios into the render.
-bool keptOutOfRenders(const std::string& name) {
-    return name == "alarm.tmp" || name == "Timersettings.tmp" || name == "Timersettings2.tmp";
+// The session files the render's program starts from (the banks' copies, the weather's,
+// the effects', the brainwaves', the console's), but not the alarm's and the schedule's:
+// those belong to the live program and would load other scenarios into the render.
+bool takenIntoRenders(const fs::path& file) {
+    const std::string name = file.filename().string();
+    const std::string ending = file.extension().string();
+    return (ending == ".tmp" || ending == ".ini") && name != "alarm.tmp" &&
+           name != "Timersettings.tmp" && name != "Timersettings2.tmp";
 }
 
 // The program's tree as the render's program sees it: the settings copied (so nothing
@@ -45,7 +49,7 @@ bool prepareTree(const fs::path& from, const fs::path& to) {
             } else {
                 fs::create_directory_symlink(fs::absolute(entry.path()), to / name, ec);
             }
-        } else if (entry.is_regular_file(ec) && !keptOutOfRenders(name)) {
+        } else if (entry.is_regular_file(ec) && takenIntoRenders(entry.path())) {
             fs::copy_file(entry.path(), to / name, ec);
         }
         if (ec) {

@@ -35,6 +35,14 @@ class Capture : public ::testing::Test {
         engine.setPan(c, 60);
     }
 
+    // Waits, a few seconds at most, for the capture thread to catch up.
+    template <class Done>
+    static void waitFor(Done done) {
+        for (int i = 0; i < 1000 && !done(); ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    }
+
     // Renders as a device would, 100 ms at a time, keeping what was played.
     void play(int buffers, std::vector<float>& played) {
         for (int i = 0; i < buffers; ++i) {
@@ -60,9 +68,7 @@ TEST_F(Capture, TheFileHoldsWhatWasPlayedInTheSameMomentsAndNothingMore) {
               MixCapture::Start::Started);
     std::vector<float> played;
     play(20, played);
-    for (int i = 0; i < 500 && capture.frames() < played.size() / 2; ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
+    waitFor([&] { return capture.frames() >= played.size() / 2; });
     EXPECT_GT(capture.peak(0), 0.05f);
     EXPECT_FALSE(fs::exists(tree.root() / "rec.flac"));  // under its temporary name until the end
     ASSERT_TRUE(capture.stop());
@@ -92,13 +98,9 @@ TEST_F(Capture, WithoutTheProgramThereIsNothingToRecordAndWhenItGoesTheFileIsKep
               MixCapture::Start::Started);
     std::vector<float> played;
     play(5, played);
-    for (int i = 0; i < 500 && capture.frames() < played.size() / 2; ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
+    waitFor([&] { return capture.frames() >= played.size() / 2; });
     share.reset();  // the program quits
-    for (int i = 0; i < 500 && capture.live(); ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
+    waitFor([&] { return !capture.live(); });
     EXPECT_FALSE(capture.live());
     ASSERT_TRUE(capture.stop());
     EXPECT_EQ(test::readBack(tree.root() / "kept.wav").samples.size(), played.size());

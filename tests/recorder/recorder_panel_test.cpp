@@ -22,7 +22,14 @@ class Recorder : public ::testing::Test {
         : panel(AppPath(tree.root()), loop, dialogs, out.root(),
                 "brevane-test-no-program-" + std::to_string(::getpid())) {}
 
-    test::StockTree tree;
+    // The program last played "Summer Storm".
+    struct PlayedTree : test::StockTree {
+        PlayedTree() {
+            writeFileAtomically(root() / "main.tmp",
+                                "\"False\",\"Summer Storm\",0,0,\"\",\"\",\"\",0\r\n");
+        }
+    };
+    PlayedTree tree;
     TempTree out;
     EventLoop loop;
     ScriptedDialogs dialogs;
@@ -40,9 +47,9 @@ TEST(RenderLength, MinutesHoursOrHoursAndMinutesFromAMinuteToTwelveHours) {
     }
 }
 
-TEST_F(Recorder, TheFileIsNamedAfterTheScenarioAndItsFormat) {
+TEST_F(Recorder, TheLastScenarioPlayedComesFirstAndNamesTheFileInItsFormat) {
     ASSERT_GE(panel.scenarioBox.count(), 14);
-    panel.scenarioBox.setListIndex(panel.scenarioBox.find("Summer Storm"));
+    EXPECT_EQ(panel.scenarioBox.text(), "Summer Storm");
     EXPECT_EQ(panel.fileBox.text(), (out.root() / "Summer Storm.flac").string());
     panel.formatBox.setListIndex(panel.formatBox.find("Ogg Vorbis"));
     EXPECT_EQ(panel.fileBox.text(), (out.root() / "Summer Storm.ogg").string());
@@ -78,7 +85,6 @@ TEST_F(Recorder, NothingStartsOnABadLengthAFileKeptOrNoProgramToHear) {
 }
 
 TEST_F(Recorder, ARenderRunsBesideTheWindowAndReportsWhatItWrote) {
-    panel.scenarioBox.setListIndex(panel.scenarioBox.find("Summer Storm"));
     panel.lengthBox.setText("1 minute");
     panel.renderButton.click();
     ASSERT_TRUE(panel.busy());

@@ -98,7 +98,7 @@ RecorderView::RecorderView(RecorderPanel& panel, QWidget* parent) : QWidget(pare
     renderGrid->addLayout(ends, 2, 1);
     field<QLineEdit>(panel.seedBox, render, *renderGrid, 2, 2)->setMaximumWidth(120);
     auto* bar = bound<QProgressBar>(panel.progress, render);
-    bar->setTextVisible(false);
+    bar->setFormat(QStringLiteral("%p%"));
     renderGrid->addWidget(bar, 3, 0, 1, 3);
     auto* left = bound<QLabel>(panel.timeLeftLabel, render);
     left->setFont(style::smallFont());
