@@ -1,17 +1,17 @@
 // Record mode: the program's mix, handed over its local socket, captured to a file that
-// matches what the mixer rendered in the same moments.
+// matches what the program rendered in the same moments.
 
 #include <gtest/gtest.h>
 
 #include <unistd.h>
+
 #include <chrono>
 #include <cmath>
-#include <numbers>
 #include <thread>
 
+#include "core/headless_program.h"
 #include "engine/mix_share.h"
 #include "engine/mixer_engine.h"
-#include "engine/sound_file_writer.h"
 #include "recorder/mix_capture.h"
 #include "recorder/sound_files.h"
 
@@ -20,20 +20,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// The program playing its first-run soundscape on the stock sounds, on virtual time,
+// its mixer rendering offline as a device would ask.
 class Capture : public ::testing::Test {
   protected:
-    Capture() : address("brevane-test-mix-" + std::to_string(::getpid())) {
-        std::vector<float> tone(44100);
-        for (std::size_t i = 0; i < tone.size(); ++i) {
-            tone[i] = 0.4f * static_cast<float>(std::sin(2.0 * std::numbers::pi * 441.0 *
-                                                         static_cast<double>(i) / 44100.0));
-        }
-        writeSoundFile(tree.root() / "tone.wav", tone, 1, 44100);
-        engine.start(0);
-        const ChannelHandle c = engine.play(engine.loadSample(tree.root() / "tone.wav"));
-        engine.setLoopMode(c, LoopMode::Normal);
-        engine.setPan(c, 60);
-    }
+    Capture() : address("brevane-test-mix-" + std::to_string(::getpid())) { program.started(); }
 
     // Waits, a few seconds at most, for the capture thread to catch up.
     template <class Done>
@@ -43,18 +34,20 @@ class Capture : public ::testing::Test {
         }
     }
 
-    // Renders as a device would, 100 ms at a time, keeping what was played.
+    // Plays 100 ms at a time, keeping what was played.
     void play(int buffers, std::vector<float>& played) {
         for (int i = 0; i < buffers; ++i) {
-            const std::vector<float> b = engine.render(4410);
+            program.loop.advance(100);
+            const std::vector<float> b = program.engine.render(4410);
             played.insert(played.end(), b.begin(), b.end());
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
     }
 
-    TempTree tree;
+    test::StockTree tree;
     std::string address;
-    MixerEngine engine{MixerEngine::Output::Offline};
+    HeadlessProgram<MixerEngine> program{tree.root(), 11, MixerEngine::Output::Offline};
+    MixerEngine& engine = program.engine;
 };
 
 TEST_F(Capture, TheFileHoldsWhatWasPlayedInTheSameMomentsAndNothingMore) {
@@ -67,7 +60,7 @@ TEST_F(Capture, TheFileHoldsWhatWasPlayedInTheSameMomentsAndNothingMore) {
     ASSERT_EQ(capture.start(address, tree.root() / "rec.flac", SoundFileFormat::Flac16),
               MixCapture::Start::Started);
     std::vector<float> played;
-    play(20, played);
+    play(30, played);
     waitFor([&] { return capture.frames() >= played.size() / 2; });
     EXPECT_GT(capture.peak(0), 0.05f);
     EXPECT_FALSE(fs::exists(tree.root() / "rec.flac"));  // under its temporary name until the end
