@@ -8,7 +8,9 @@
 // (loops on in the three background banks, frequencies up in the five random banks,
 // the custom banks on files of the user's folders) left by an earlier run, with
 // "Auto load previous scenario on startup" on. The first measures from the program's
-// first act until the restored loops are playing; the second the quit that follows,
+// first act until the frames of every restored loop are in (the samples decode on the
+// engine's threads, so the figures are wall clock), and counts beside it the event
+// thread's own part and the last one-shot's arrival; the second the quit that follows,
 // from the command to the last panel and the engine gone, every session file written.
 //
 // The tree is BREVANE_BENCH_TREE when set, else the build's install tree; if that lacks
@@ -19,6 +21,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -26,6 +29,7 @@
 #include <numbers>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -89,6 +93,14 @@ struct Program {
     brevane::Random random{1};
 };
 
+// Polls for a state the decoding threads bring about.
+template <typename Done>
+void waitUntil(Done done) {
+    while (!done()) {
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+}
+
 // The program's first act and the load its splash hands over to.
 std::unique_ptr<Application> startProgram(Program& p, const fs::path& tree) {
     auto app = std::make_unique<Application>(
@@ -120,7 +132,8 @@ void BM_StartUpToFirstPossibleFiring(benchmark::State& state) {
             state.SkipWithError("start-up did not complete");
             break;
         }
-        benchmark::DoNotOptimize(app->frmrandommain4.slot(28).sample);
+        // The samples decode beside the event thread; a firing needs its sample in.
+        waitUntil([&] { return program->engine.decodesOutstanding() == 0; });
         // Tear-down (closing the engine, freeing samples) is not start-up.
         state.PauseTiming();
         app->frmmain.quitWithoutAsking();
@@ -134,6 +147,7 @@ BENCHMARK(BM_StartUpToFirstPossibleFiring)
     ->Arg(0)
     ->Arg(1)
     ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
     ->Iterations(10);
 
 // ---- a restored session of all seven banks ----
@@ -266,21 +280,34 @@ void runSessionBench(benchmark::State& state, Timed timed) {
     if (!bench) {
         return;
     }
+    using Clock = std::chrono::steady_clock;
+    const auto msSince = [](Clock::time_point t) {
+        return std::chrono::duration<double, std::milli>(Clock::now() - t).count();
+    };
+    double eventThreadMs = 0;
+    double everySampleMs = 0;
     for (auto _ : state) {
         if (timed == Timed::Quit) {
             state.PauseTiming();
         }
+        const Clock::time_point firstAct = Clock::now();
         auto program = std::make_unique<Program>(bench->second);
         auto app = startRestored(state, *program, bench->first);
         if (!app) {
             break;
         }
+        if (timed == Timed::StartUp) {
+            eventThreadMs += msSince(firstAct);
+            // Sound: every restored loop's frames in, so the device mixes them all.
+            waitUntil([&] { return program->engine.soundingSamplesAwaitingDecode() == 0; });
+            state.PauseTiming();
+            waitUntil([&] { return program->engine.decodesOutstanding() == 0; });
+            everySampleMs += msSince(firstAct);
+        }
         if (timed == Timed::Quit) {
             // A minute of the session running, as before any real quit.
             program->loop.advance(60'000);
             state.ResumeTiming();
-        } else {
-            state.PauseTiming();
         }
         app->frmmain.quitWithoutAsking();
         app.reset();
@@ -289,13 +316,25 @@ void runSessionBench(benchmark::State& state, Timed timed) {
             state.ResumeTiming();
         }
     }
+    if (timed == Timed::StartUp) {
+        // Beside the figure: the event thread's own part, free again after it, and the
+        // moment the last one-shot's frames are in too.
+        const auto n = static_cast<double>(state.iterations());
+        state.counters["event_thread_ms"] = eventThreadMs / n;
+        state.counters["every_sample_ms"] = everySampleMs / n;
+    }
     state.SetLabel(label);
 }
 
 void BM_StartUpToRestoredSound(benchmark::State& state) {
     runSessionBench(state, Timed::StartUp);
 }
-BENCHMARK(BM_StartUpToRestoredSound)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_StartUpToRestoredSound)
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(5);
 
 void BM_QuitWritingTheSession(benchmark::State& state) {
     runSessionBench(state, Timed::Quit);

@@ -439,7 +439,12 @@ void Mixer::apply(const MixCommand& c) {
             v = Voice{};
             v.sample = c.sample;
             v.generation = c.generation;
-            v.step = stepFor(std::clamp(c.sample->rate, kMinFrequency, kMaxFrequency));
+            if (c.sample->state.load(std::memory_order_acquire) == SampleState::Pending) {
+                v.waiting = true;
+                v.rateUnknown = true;
+            } else {
+                v.step = stepFor(std::clamp(c.sample->rate, kMinFrequency, kMaxFrequency));
+            }
             v.dirty = true;
             ++c.sample->voiceRefs;
             return;
@@ -471,6 +476,7 @@ void Mixer::apply(const MixCommand& c) {
             if (Voice* v = channelVoice(c)) {
                 const int hz = std::clamp(c.value, kMinFrequency, kMaxFrequency);
                 v->step = stepFor(hz);
+                v->rateUnknown = false;
             }
             return;
         case Op::Pause:
@@ -582,6 +588,20 @@ void Mixer::finish(int index) {
 
 void Mixer::mixVoice(int index) {
     Voice& v = voices_[static_cast<std::size_t>(index)];
+    if (v.waiting) {
+        if (v.sample->state.load(std::memory_order_acquire) == SampleState::Pending) {
+            // Nothing to play yet: it waits at its start, and has nothing to fade if stopped.
+            if (v.stopping) {
+                finish(index);
+            }
+            return;
+        }
+        v.waiting = false;
+        if (v.rateUnknown) {
+            v.rateUnknown = false;
+            v.step = stepFor(std::clamp(v.sample->rate, kMinFrequency, kMaxFrequency));
+        }
+    }
     if (v.dirty) {
         retarget(v);
     }

@@ -18,10 +18,17 @@ namespace brevane {
 
 class EffectsChain;
 
+// Where a sample's frames are. A pending sample is being decoded: a channel playing it
+// waits, silent and at its start, and begins when the frames arrive. A failed one has
+// no frames and ends at once, like any empty sample.
+enum class SampleState : std::uint8_t { Ready, Pending, Failed };
+
 // A decoded sample, owned by the interface thread and lent to the mixing thread.
 struct SampleRecord {
+    // Written before `state` leaves Pending (release); read only once it has (acquire).
     SampleFrames frames;
     int rate = kMixRate;  // the file's own rate, Hz
+    std::atomic<SampleState> state{SampleState::Ready};
 
     // Mixing-thread bookkeeping: written only by the thread that mixes.
     int voiceRefs = 0;
@@ -133,6 +140,10 @@ class Mixer {
         bool paused = false;
         bool stopping = false;
         bool dirty = false;
+        // Its sample was still being decoded when it started: it waits for the frames,
+        // and takes its step from the sample's rate then, unless a frequency was set.
+        bool waiting = false;
+        bool rateUnknown = false;
         float gainL = 0.0f, gainR = 0.0f;
         float targetL = 0.0f, targetR = 0.0f;
         float stepL = 0.0f, stepR = 0.0f;

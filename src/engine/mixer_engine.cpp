@@ -71,8 +71,12 @@ void MixerEngine::close() {
     if (device_) {
         device_->stop();
     }
-    // Nothing mixes any more: every voice, sample and chain can go at once.
+    // Nothing mixes any more: every voice, sample and chain can go at once, once no
+    // decode can write to them.
     mixer_->reset();
+    for (const auto& [record, file] : sampleFiles_) {
+        decoder_.withdraw(record);
+    }
     for (Channel& c : channels_) {
         c.live = false;
         c.sample = 0;
@@ -112,13 +116,17 @@ void MixerEngine::send(const MixCommand& command) {
 void MixerEngine::collectReleased() {
     const auto now = DecodeCache::Clock::now();
     recentDecodes_.expire(now);
+    for (auto& [file, decoded] : decoder_.takeUnclaimed()) {
+        recentDecodes_.keep(std::move(file), std::move(decoded), now);
+    }
     for (auto it = freedSamples_.begin(); it != freedSamples_.end();) {
         SampleRecord& record = **it;
         if (!record.released.load(std::memory_order_acquire)) {
             ++it;
             continue;
         }
-        if (auto file = sampleFiles_.extract(&record); !file.empty()) {
+        auto file = sampleFiles_.extract(&record);
+        if (!file.empty() && record.state.load(std::memory_order_acquire) == SampleState::Ready) {
             recentDecodes_.keep(std::move(file.mapped()),
                                 DecodedSample{std::move(record.frames), record.rate}, now);
         }
@@ -132,7 +140,8 @@ std::optional<DecodedSample> MixerEngine::decodeAtHand(const FileIdentity& file)
     // The mixer only ever reads a sample's frames, so copying them while it plays or
     // before it has let go of a freed one is safe.
     for (const auto& [record, identity] : sampleFiles_) {
-        if (identity == file) {
+        if (identity == file &&
+            record->state.load(std::memory_order_acquire) == SampleState::Ready) {
             return DecodedSample{record->frames, record->rate};
         }
     }
@@ -142,10 +151,26 @@ std::optional<DecodedSample> MixerEngine::decodeAtHand(const FileIdentity& file)
 SampleHandle MixerEngine::loadSample(const std::filesystem::path& file) {
     collectReleased();
     std::optional<FileIdentity> identity = FileIdentity::of(file);
-    std::optional<DecodedSample> decoded;
-    if (identity) {
-        decoded = decodeAtHand(*identity);
+    if (!identity) {
+        return 0;
     }
+    auto record = std::make_unique<SampleRecord>();
+    if (std::optional<DecodedSample> decoded = decodeAtHand(*identity)) {
+        record->frames = std::move(decoded->frames);
+        record->rate = decoded->rate;
+    } else {
+        decoder_.request(*identity, record.get());
+    }
+    return keepRecord(std::move(record), std::move(*identity));
+}
+
+SampleHandle MixerEngine::loadCheckedSample(const std::filesystem::path& file) {
+    collectReleased();
+    std::optional<FileIdentity> identity = FileIdentity::of(file);
+    if (!identity) {
+        return 0;
+    }
+    std::optional<DecodedSample> decoded = decodeAtHand(*identity);
     if (!decoded) {
         decoded = decodeSampleFile(file);
     }
@@ -155,15 +180,22 @@ SampleHandle MixerEngine::loadSample(const std::filesystem::path& file) {
     auto record = std::make_unique<SampleRecord>();
     record->frames = std::move(decoded->frames);
     record->rate = decoded->rate;
-    if (identity) {
-        sampleFiles_.emplace(record.get(), std::move(*identity));
-    }
+    return keepRecord(std::move(record), std::move(*identity));
+}
+
+SampleHandle MixerEngine::keepRecord(std::unique_ptr<SampleRecord> record, FileIdentity file) {
+    sampleFiles_.emplace(record.get(), std::move(file));
     if (nextSample_ == 0) {
         nextSample_ = 1;  // after four billion loads
     }
     const SampleHandle handle = nextSample_++;
     samples_[handle] = std::move(record);
     return handle;
+}
+
+SampleRecord* MixerEngine::recordOf(SampleHandle sample) const {
+    const auto it = samples_.find(sample);
+    return it == samples_.end() ? nullptr : it->second.get();
 }
 
 void MixerEngine::freeSample(SampleHandle sample) {
@@ -178,6 +210,7 @@ void MixerEngine::freeSample(SampleHandle sample) {
             c.sample = 0;
         }
     }
+    decoder_.withdraw(it->second.get());
     MixCommand command;
     command.op = MixCommand::Op::StopSample;
     command.sample = it->second.get();
@@ -218,6 +251,10 @@ ChannelHandle MixerEngine::play(SampleHandle sample) {
     const auto it = samples_.find(sample);
     if (it == samples_.end()) {
         return 0;
+    }
+    if (it->second->state.load(std::memory_order_acquire) == SampleState::Pending) {
+        // Wanted now: ahead of the one-shots that may not fire for a while.
+        decoder_.hurry(it->second.get());
     }
     const int index = pickChannel();
     Channel& c = channels_[static_cast<std::size_t>(index)];
@@ -405,6 +442,7 @@ void MixerEngine::render(float* out, int frames) {
     if (output_ != Output::Offline || frames <= 0) {
         return;
     }
+    decoder_.waitIdle();
     mixer_->render(out, frames);
 }
 
@@ -414,14 +452,29 @@ std::vector<float> MixerEngine::render(int frames) {
     return out;
 }
 
-std::size_t MixerEngine::sampleFrames(SampleHandle sample) const {
-    const auto it = samples_.find(sample);
-    return it == samples_.end() ? 0 : frameCount(it->second->frames);
+std::size_t MixerEngine::sampleFrames(SampleHandle sample) {
+    decoder_.waitIdle();
+    const SampleRecord* record = recordOf(sample);
+    return record == nullptr ? 0 : frameCount(record->frames);
 }
 
-int MixerEngine::sampleRate(SampleHandle sample) const {
-    const auto it = samples_.find(sample);
-    return it == samples_.end() ? 0 : it->second->rate;
+int MixerEngine::sampleRate(SampleHandle sample) {
+    decoder_.waitIdle();
+    const SampleRecord* record = recordOf(sample);
+    return record == nullptr ? 0 : record->rate;
+}
+
+int MixerEngine::soundingSamplesAwaitingDecode() const {
+    int waiting = 0;
+    for (int i = 0; i < kChannelCount; ++i) {
+        const Channel& c = channels_[static_cast<std::size_t>(i)];
+        const SampleRecord* record = busy(i) ? recordOf(c.sample) : nullptr;
+        if (record != nullptr &&
+            record->state.load(std::memory_order_acquire) == SampleState::Pending) {
+            ++waiting;
+        }
+    }
+    return waiting;
 }
 
 }  // namespace brevane

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/decode_cache.h"
+#include "engine/decode_pool.h"
 #include "engine/device_backend.h"
 #include "engine/device_output.h"
 #include "engine/mixer.h"
@@ -44,6 +45,7 @@ class MixerEngine final : public SoundEngine {
     void close() override;
 
     SampleHandle loadSample(const std::filesystem::path& file) override;
+    SampleHandle loadCheckedSample(const std::filesystem::path& file) override;
     void freeSample(SampleHandle sample) override;
 
     ChannelHandle play(SampleHandle sample) override;
@@ -62,8 +64,9 @@ class MixerEngine final : public SoundEngine {
     void setReverb(int id, const ReverbParams& p) override;
     void setEcho(int id, const EchoParams& p) override;
 
-    // Offline output only: renders `frames` interleaved stereo frames into `out`. Does
-    // nothing in device output.
+    // Offline output only: renders `frames` interleaved stereo frames into `out`, once
+    // every load asked for so far is decoded, so that the same calls always give the
+    // same samples. Does nothing in device output.
     void render(float* out, int frames);
     std::vector<float> render(int frames);
 
@@ -72,9 +75,15 @@ class MixerEngine final : public SoundEngine {
 
     // Frames mixed since construction, on any output.
     std::uint64_t framesRendered() const { return mixer_->framesRendered(); }
-    // Length in frames and own rate of a loaded sample; 0 for no sample.
-    std::size_t sampleFrames(SampleHandle sample) const;
-    int sampleRate(SampleHandle sample) const;
+    // Length in frames and own rate of a loaded sample, once decoded (these wait for
+    // the decode); 0 for no sample.
+    std::size_t sampleFrames(SampleHandle sample);
+    int sampleRate(SampleHandle sample);
+    // Samples held by a sounding channel whose frames are not in yet: while this is
+    // above 0 some of what should be heard is not.
+    int soundingSamplesAwaitingDecode() const;
+    // Decodes asked for and not finished.
+    std::size_t decodesOutstanding() { return decoder_.outstanding(); }
     // Freed samples whose memory the mixer has not given back yet.
     std::size_t samplesAwaitingRelease() const { return freedSamples_.size(); }
     // Effects chains built and not yet given back by the mixer (the sounding one included).
@@ -104,6 +113,9 @@ class MixerEngine final : public SoundEngine {
     // A decode of this very file that is already at hand: a loaded or just-freed sample
     // of it, or one kept a moment ago.
     std::optional<DecodedSample> decodeAtHand(const FileIdentity& file);
+    // The record of a sample, or null.
+    SampleRecord* recordOf(SampleHandle sample) const;
+    SampleHandle keepRecord(std::unique_ptr<SampleRecord> record, FileIdentity file);
     std::unique_ptr<ChainBox> buildChain(const std::vector<Effect>& effects) const;
     // Hands a built chain to the mixer, which fades to it; null does nothing.
     void swapInChain(std::unique_ptr<ChainBox> box);
@@ -129,6 +141,9 @@ class MixerEngine final : public SoundEngine {
     std::unordered_map<const SampleRecord*, FileIdentity> sampleFiles_;
     // Room for a whole bank of half-minute loops between a bank's stop and its restart.
     DecodeCache recentDecodes_{std::size_t{128} << 20, std::chrono::seconds(5)};
+    // Last of the sample members: destroyed first, so no worker writes a record that has
+    // gone.
+    DecodePool decoder_{DecodePool::defaultWorkers()};
 
     std::vector<Effect> effects_;
     std::vector<std::unique_ptr<ChainBox>> chains_;  // sent to the mixer, until it releases them

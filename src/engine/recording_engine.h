@@ -106,6 +106,10 @@ class RecordingEngine final : public SoundEngine {
     bool start(int driver) override;
     void close() override;
     SampleHandle loadSample(const std::filesystem::path& file) override;
+    // Recorded as a load like any other: the double has no decoding to wait for.
+    SampleHandle loadCheckedSample(const std::filesystem::path& file) override {
+        return loadSample(file);
+    }
     void freeSample(SampleHandle sample) override;
     ChannelHandle play(SampleHandle sample) override;
     void stop(ChannelHandle channel) override;

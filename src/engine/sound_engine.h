@@ -41,10 +41,16 @@ class SoundEngine {
     // Stops the output; every channel and sample is released. Safe to call twice.
     virtual void close() = 0;
 
-    // Decodes the whole file to mono at its own rate. 0 on any failure (missing,
-    // unreadable, not audio, empty, a folder), with no message. Decoding runs on the
-    // caller's thread.
+    // Loads the whole file, decoded to mono at its own rate, without waiting for the
+    // decode: the sample may be played, freed and changed at once, and a channel playing
+    // it starts when its frames are in. 0 for a file that is not there (missing, a
+    // folder); a file there that does not decode gives a sample that plays nothing.
+    // Never a message.
     virtual SampleHandle loadSample(const std::filesystem::path& file) = 0;
+    // Decodes the file before returning, on the caller's thread: 0 on any failure
+    // (missing, unreadable, not audio, empty, a folder). For a file the user has just
+    // chosen, where the answer decides what they are told.
+    virtual SampleHandle loadCheckedSample(const std::filesystem::path& file) = 0;
     // Stops every channel playing the sample first.
     virtual void freeSample(SampleHandle sample) = 0;
 

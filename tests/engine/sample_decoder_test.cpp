@@ -147,10 +147,11 @@ TEST(SampleDecoder, BrokenFilesGiveNoSampleAndNoCrashAndACutOneKeepsItsFrames) {
     for (const char* name : {"missing.wav", "empty.wav", "noise.wav", "text.wav", "header.wav",
                              "nodata.wav", "folder.wav", "magic.wav"}) {
         EXPECT_FALSE(decodeSampleFile(dir / name)) << name;
-        EXPECT_EQ(engine.loadSample(dir / name), 0u) << name;
+        EXPECT_EQ(engine.loadCheckedSample(dir / name), 0u) << name;
     }
+    EXPECT_EQ(engine.loadCheckedSample(""), 0u);
     EXPECT_EQ(engine.loadSample(""), 0u);
-    EXPECT_NE(engine.loadSample(good), 0u);
+    EXPECT_NE(engine.loadCheckedSample(good), 0u);
 
     // A WAV cut inside its data keeps the frames that are there.
     writeBytes(dir / "cut.wav", wav.substr(0, 44 + 2 * 1000));

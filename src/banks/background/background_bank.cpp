@@ -243,9 +243,9 @@ bool BackgroundBank::weatherOrder(int s) const {
     return false;
 }
 
-void BackgroundBank::loadSlotSample(int s, const fs::path& file) {
+void BackgroundBank::loadSlotSample(int s, const fs::path& file, bool checked) {
     BackgroundSoundSlot& sl = slot(s);
-    sl.sample = app_.engine.loadSample(file);
+    sl.sample = checked ? app_.engine.loadCheckedSample(file) : app_.engine.loadSample(file);
     held_.at(static_cast<std::size_t>(s - 1)) = sl.sample != 0;
 }
 
@@ -677,7 +677,7 @@ void BackgroundBank::chooseFile(int s) {
     const bool wasOn = sl.on.checked();
     sl.on.setValue(0);
     freeSlotSample(s);
-    loadSlotSample(s, *chosen);
+    loadSlotSample(s, *chosen, true);
     storePath(s, app_.appPath.relativeText(*chosen));
     sl.on.setCaption(baseNameOf(sl.path));
     if (sl.sample != 0) {

@@ -217,8 +217,9 @@ class BackgroundBank : public MixGroupFollower {
     std::filesystem::path slotFile(int s) const;
     bool weatherOrder(int s) const;
     // Sample bookkeeping: a load or a free through these keeps `held_` true exactly
-    // while the slot's handle is one the engine has not freed.
-    void loadSlotSample(int s, const std::filesystem::path& file);
+    // while the slot's handle is one the engine has not freed. `checked`: decoded before
+    // this returns, for a file the user has just chosen.
+    void loadSlotSample(int s, const std::filesystem::path& file, bool checked = false);
     void freeSlotSample(int s);
     void storePath(int s, const std::string& relative);
 

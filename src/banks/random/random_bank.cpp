@@ -566,13 +566,18 @@ void RandomBank::saveCommand() {
 
 // ---- the custom bank's files ----
 
-void RandomBank::replaceSlotSample(int s, const std::string& relative) {
+void RandomBank::replaceSlotSample(int s, const std::string& relative, bool checked) {
     RandomSoundSlot& sl = slot(s);
     if (sl.sample != 0) {
         app_.engine.freeSample(sl.sample);
     }
     // An empty path names no file: the slot is left without a sample.
-    sl.sample = relative.empty() ? 0 : app_.engine.loadSample(app_.appPath / relative);
+    const fs::path file = app_.appPath / relative;
+    if (relative.empty()) {
+        sl.sample = 0;
+    } else {
+        sl.sample = checked ? app_.engine.loadCheckedSample(file) : app_.engine.loadSample(file);
+    }
     sl.path = relative;
 }
 
@@ -595,7 +600,7 @@ void RandomBank::chooseFile(int s) {
         }
         app_.dialogs.message(MessageKind::Information, kRandomOutsideFolderText);
     }
-    replaceSlotSample(s, app_.appPath.relativeText(*chosen));
+    replaceSlotSample(s, app_.appPath.relativeText(*chosen), true);
     app_.engine.stop(sl.channel);
     sl.name.setCaption(fs::path(sl.path).stem().string());
     if (sl.sample == 0) {

@@ -225,8 +225,9 @@ class RandomBank : public MixGroupFollower {
     int draw(UniformDraw d);
     void loadSlotSample(int s, const std::string& file);
     // The custom bank's slot takes a new file: the old sample is freed once the new
-    // one is loaded.
-    void replaceSlotSample(int s, const std::string& relative);
+    // one is loaded. `checked`: decoded before this returns, for a file the user has
+    // just chosen, so that one that does not play is reported at once.
+    void replaceSlotSample(int s, const std::string& relative, bool checked = false);
     void maxvolChanged();
     void wireNavigation();
     void goTo(PanelWindow& target, const std::function<void()>& show);
