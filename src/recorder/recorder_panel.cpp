@@ -94,7 +94,7 @@ std::string timeLeftText(double secondsSpent, std::uint64_t done, std::uint64_t 
     }
     const double left =
         secondsSpent * static_cast<double>(total - done) / static_cast<double>(done);
-    const auto whole = static_cast<long>(std::ceil(left));
+    const auto whole = std::max(1L, static_cast<long>(std::ceil(left)));
     return whole < 60 ? "About " + std::to_string(whole) + " s left"
                       : "About " + std::to_string((whole + 30) / 60) + " min left";
 }
