@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -17,10 +18,7 @@ class MixRing {
   public:
     // `capacity` values, rounded up to a power of two.
     explicit MixRing(std::size_t capacity) {
-        std::size_t c = 1;
-        while (c < capacity) {
-            c <<= 1;
-        }
+        const std::size_t c = std::bit_ceil(std::max<std::size_t>(capacity, 1));
         mask_ = c - 1;
         values_ = std::make_unique<float[]>(c);
     }
