@@ -99,7 +99,8 @@ RecorderView::RecorderView(RecorderPanel& panel, QWidget* parent) : QWidget(pare
     field<QLineEdit>(panel.seedBox, render, *renderGrid, 2, 2)->setMaximumWidth(120);
     auto* bar = bound<QProgressBar>(panel.progress, render);
     bar->setFormat(QStringLiteral("%p%"));
-    renderGrid->addWidget(bar, 3, 0, 1, 3);
+    renderGrid->addWidget(new QLabel(QStringLiteral("Progress:"), render), 3, 0);
+    renderGrid->addWidget(bar, 3, 1, 1, 2);
     auto* left = bound<QLabel>(panel.timeLeftLabel, render);
     left->setFont(style::smallFont());
     renderGrid->addWidget(left, 3, 3);
