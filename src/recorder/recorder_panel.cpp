@@ -190,7 +190,6 @@ void RecorderPanel::close() {
     }
     if (worker_.joinable()) {
         progress_.cancel.store(true);
-        worker_.join();
         finishRender();
     }
     window.hide();
@@ -379,7 +378,9 @@ void RecorderPanel::startRender() {
 }
 
 void RecorderPanel::finishRender() {
-    worker_.join();
+    if (worker_.joinable()) {
+        worker_.join();
+    }
     progress.setValue(0);
     timeLeftLabel.setCaption("");
     switch (result_.outcome) {

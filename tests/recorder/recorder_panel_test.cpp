@@ -102,6 +102,18 @@ TEST_F(Recorder, ARenderRunsBesideTheWindowAndReportsWhatItWrote) {
     EXPECT_EQ(test::readBack(panel.fileBox.text()).samples.size(), 2u * 60 * 44100);
     EXPECT_TRUE(panel.scenarioBox.enabled());
     EXPECT_TRUE(dialogs.messages().empty());
+
+    // Closing the window in the middle of the next render ends it, and writes nothing.
+    panel.show();
+    panel.lengthBox.setText("12 hours");
+    panel.fileBox.setText((out.root() / "long.flac").string());
+    panel.renderButton.click();
+    ASSERT_TRUE(panel.busy());
+    panel.close();
+    EXPECT_FALSE(panel.busy());
+    EXPECT_FALSE(panel.window.visible());
+    EXPECT_EQ(panel.statusLabel.caption(), "Cancelled: no file was written.");
+    EXPECT_EQ(std::distance(fs::directory_iterator(out.root()), fs::directory_iterator()), 1);
 }
 
 }  // namespace
