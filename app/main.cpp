@@ -2,24 +2,22 @@
 // its windows, and the one way out.
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QTimer>
-#include <cstdlib>
-#include <optional>
 
 #include "base/app_path.h"
 #include "base/event_loop.h"
 #include "base/random.h"
-#include "base/user_tree.h"
 #include "core/application.h"
 #include "core/autostart.h"
 #include "core/media_control.h"
+#include "engine/mix_share.h"
 #include "engine/mixer_engine.h"
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
 #include "ui/core/qt_desktop.h"
 #include "ui/platform/logind_power.h"
 #include "ui/platform/mpris_service.h"
+#include "ui/platform/program_folder.h"
 #include "ui/platform/qt_dialogs.h"
 #include "ui/platform/qt_event_loop_driver.h"
 #include "ui/platform/qt_settings_store.h"
@@ -54,6 +52,8 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
     quitRoutine.catchTermination();
 
     MixerEngine engine(MixerEngine::Output::Device);
+    // The recorder beside the program takes what it plays from here.
+    MixShare mixShare(engine.mixer(), mixShareAddress(appPath.root()));
     brevane::Random random;
     random.reseedFromClock();
     QtProgramLauncher launcher;
@@ -95,26 +95,6 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
     return status;
 }
 
-// The program's folder: the one it stands in when run from the build, else, installed,
-// the user's own folder made from the shared stock tree. Nothing when that folder
-// cannot be made, after saying why.
-std::optional<AppPath> programFolder() {
-    const auto programDir = pathFromQt(QCoreApplication::applicationDirPath());
-    const auto stock = installedStockTree(programDir, BREVANE_RELATIVE_STOCK_TREE);
-    if (!stock) {
-        return AppPath(programDir);
-    }
-    const auto user = userDataHome(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")) / "brevane";
-    const UserTreeResult made = prepareUserTree(*stock, user, BREVANE_VERSION);
-    if (!made.ok) {
-        QMessageBox::critical(nullptr, QStringLiteral("Brevane"),
-                              QStringLiteral("Your Brevane folder could not be made: %1.")
-                                  .arg(QString::fromStdString(made.error)));
-        return std::nullopt;
-    }
-    return AppPath(user);
-}
-
 }  // namespace
 }  // namespace brevane
 
@@ -128,7 +108,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     brevane::style::applyToProgram();
 
-    const auto folder = brevane::programFolder();
+    const auto folder = brevane::programFolder(BREVANE_RELATIVE_STOCK_TREE, BREVANE_VERSION);
     if (!folder) {
         return 1;
     }

@@ -60,11 +60,16 @@ bool writeAll(int fd, std::string_view content) {
 
 }  // namespace
 
-bool writeFileAtomically(const fs::path& file, std::string_view content) {
+fs::path temporaryNameFor(const fs::path& file) {
     static std::atomic<unsigned> counter{0};
     fs::path temp = file;
     temp +=
         std::string(kTemporaryMark) + std::to_string(::getpid()) + "." + std::to_string(counter++);
+    return temp;
+}
+
+bool writeFileAtomically(const fs::path& file, std::string_view content) {
+    const fs::path temp = temporaryNameFor(file);
 
     const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (fd < 0) {

@@ -26,6 +26,11 @@ bool isRegularFile(const std::filesystem::path& file);
 // the old file untouched. The folder must exist.
 bool writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
+// A fresh temporary name beside `file` for a write that is renamed into place when
+// whole ("<file>.tmp~<pid>.<n>"): the name removeLeftoverTemporaries knows, so what a
+// killed writer leaves behind is cleared later. Thread-safe.
+std::filesystem::path temporaryNameFor(const std::filesystem::path& file);
+
 // Removes from `folder` (not its subfolders) the temporary files of writes above whose
 // process is gone: a program killed in the middle of a write leaves one beside the
 // file it was replacing. Those of running processes stay. Returns how many went.

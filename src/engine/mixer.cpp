@@ -367,6 +367,8 @@ float Mixer::softLimit(float x) {
 
 void Mixer::render(float* out, int frames) {
     ScopedFlushDenormals flush;
+    float* const begin = out;
+    const int total = frames;
     while (frames > 0) {
         if (stashLeft_ > 0) {
             const int n = std::min(stashLeft_, frames);
@@ -385,6 +387,9 @@ void Mixer::render(float* out, int frames) {
             stashPos_ = 0;
             stashLeft_ = kSubBlockFrames;
         }
+    }
+    if (total > 0 && tapping_.load(std::memory_order_acquire)) {
+        tapRing_.write(begin, 2 * static_cast<std::size_t>(total));
     }
 }
 

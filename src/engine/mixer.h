@@ -10,6 +10,7 @@
 
 #include "engine/effects/effect_params.h"
 #include "engine/mix_format.h"
+#include "engine/mix_ring.h"
 #include "engine/sample_decoder.h"
 #include "engine/spsc_queue.h"
 
@@ -109,6 +110,12 @@ class Mixer {
     // other thread mixes.
     void reset();
 
+    // A copy of everything rendered, for the recorder. The ring lives as long as the
+    // mixer; the copy is made only while tapping is on, which the ring's one reader
+    // switches (any thread). Copying never blocks: a full ring drops what it cannot take.
+    MixRing& tapRing() { return tapRing_; }
+    void setTapping(bool on) { tapping_.store(on, std::memory_order_release); }
+
     // Whether the mixing loop may use AVX2 where the processor has it (it does by
     // default). Either way gives the same samples; tests switch it off to check that.
     // Any thread.
@@ -160,6 +167,9 @@ class Mixer {
     SpscQueue<MixCommand> queue_;
     std::array<std::atomic<std::uint32_t>, kChannelCount> ended_{};
     std::atomic<std::uint64_t> framesRendered_{0};
+    // Two seconds of the mix: room for the reader to be late by a scheduling hiccup.
+    MixRing tapRing_{2 * 2 * kMixRate};
+    std::atomic<bool> tapping_{false};
 
     // Mixing-thread state.
     std::array<Voice, kVoices> voices_{};

@@ -70,6 +70,9 @@ class MixerEngine final : public SoundEngine {
     void render(float* out, int frames);
     std::vector<float> render(int frames);
 
+    // The mixer itself, for the recorder's tap on what it plays.
+    Mixer& mixer() { return *mixer_; }
+
     // Frames mixed since construction, on any output.
     std::uint64_t framesRendered() const { return mixer_->framesRendered(); }
     // Length in frames and own rate of a loaded sample, once decoded (these wait for

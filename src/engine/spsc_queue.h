@@ -1,7 +1,9 @@
 // A bounded queue between exactly one producer thread and one consumer thread.
 #pragma once
 
+#include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -20,10 +22,7 @@ class SpscQueue {
   public:
     // `capacity` is rounded up to a power of two.
     explicit SpscQueue(std::size_t capacity) {
-        std::size_t c = 1;
-        while (c < capacity) {
-            c <<= 1;
-        }
+        const std::size_t c = std::bit_ceil(std::max<std::size_t>(capacity, 1));
         mask_ = c - 1;
         items_ = std::make_unique<T[]>(c);
     }

@@ -14,16 +14,9 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <system_error>
-
-#include <unistd.h>
-
-#include "base/dialogs.h"
-#include "base/event_loop.h"
 #include "base/file_io.h"
-#include "base/random.h"
-#include "base/settings_store.h"
-#include "core/application.h"
+#include "base/scratch_tree.h"
+#include "core/headless_program.h"
 #include "engine/recording_engine.h"
 #include "scenarios/scenario_files.h"
 #include "shell/colour_files.h"
@@ -38,45 +31,13 @@ using namespace brevane;
 
 namespace {
 
-// A scratch program folder, gone with the object.
-class ScratchTree {
-  public:
-    ScratchTree() {
-        root_ = fs::temp_directory_path() / ("brevane-scenariogen-" + std::to_string(::getpid()) +
-                                             "-" + std::to_string(counter_++));
-        fs::remove_all(root_);
-        fs::create_directories(root_);
-    }
-    ~ScratchTree() {
-        std::error_code ec;
-        fs::remove_all(root_, ec);
-    }
-    ScratchTree(const ScratchTree&) = delete;
-    ScratchTree& operator=(const ScratchTree&) = delete;
-    const fs::path& root() const { return root_; }
-
-  private:
-    static inline int counter_ = 0;
-    fs::path root_;
-};
-
 // The program on a scratch tree, headless, on virtual time, with a silent engine.
-struct HeadlessProgram {
-    HeadlessProgram()
-        : app(Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random}) {}
-    // Started as the program starts, when a recipe needs its banks.
-    Application& started() {
-        app.start();
-        loop.advance(StartupSplash::kHandOverMs);
-        return app;
-    }
-    ScratchTree tree;
-    RecordingEngine engine;
-    EventLoop loop;
-    ScriptedDialogs dialogs;
-    MemorySettingsStore settings;
-    brevane::Random random{1};
-    Application app;
+struct StockProgram {
+    ScratchTree tree{"brevane-scenariogen"};
+    HeadlessProgram<RecordingEngine> program{tree.root(), 1};
+    Application& app = program.app;
+    ScriptedDialogs& dialogs = program.dialogs;
+    Application& started() { return program.started(); }
 };
 
 void applyLoop(Application& app, const stock::Loop& loop) {
@@ -103,7 +64,7 @@ void applyShot(Application& app, const stock::Shot& shot) {
 // The program on a scratch tree with the recipe applied, saved under `name`; its
 // family is copied into `out`, under `savedAs` (the empty name drops the marker).
 bool saveRecipe(const stock::Scenario& recipe, const fs::path& out, const std::string& savedAs) {
-    HeadlessProgram program;
+    StockProgram program;
     Application& app = program.started();
     app.frmmain.Background.setValue(recipe.background);
     app.frmmain.Random.setValue(recipe.random);
@@ -180,7 +141,7 @@ bool saveWeatherPresets(const fs::path& out) {
     bool ok = true;
     for (const stock::WeatherPreset& preset : stock::weatherPresets()) {
         // A fresh panel for each, so what one preset leaves out stays at the default.
-        HeadlessProgram program;
+        StockProgram program;
         ok = ok && saveWeatherPreset(program.app, preset, out);
     }
     return ok;
@@ -190,7 +151,7 @@ bool saveBrainwavePresets(const fs::path& out) {
     bool ok = true;
     fs::create_directories(out / Frmbwave::kPresetFolder);
     for (const stock::BrainwavePreset& p : stock::brainwavePresets()) {
-        HeadlessProgram program;
+        StockProgram program;
         Frmbwave& b = program.app.frmbwave;
         b.basestart.setValue(p.baseStart);
         b.beatstart.setValue(p.beatStart);
@@ -212,7 +173,7 @@ bool saveEffectsPresets(const fs::path& out) {
     fs::create_directories(out / Frmeffects::kEqFolder);
     fs::create_directories(out / Frmeffects::kReverbFolder);
     for (const stock::EqPreset& p : stock::eqPresets()) {
-        HeadlessProgram program;
+        StockProgram program;
         Frmeffects& fx = program.app.frmeffects;
         for (std::size_t i = 0; i < p.bands.size(); ++i) {
             fx.VScroll1[i].setValue(p.bands[i]);
@@ -221,7 +182,7 @@ bool saveEffectsPresets(const fs::path& out) {
              fx.eqPresets.write(out / Frmeffects::kEqFolder / (p.name + Frmeffects::kEqExtension));
     }
     for (const stock::ReverbPreset& p : stock::reverbPresets()) {
-        HeadlessProgram program;
+        StockProgram program;
         Frmeffects& fx = program.app.frmeffects;
         for (std::size_t i = 0; i < p.sliders.size(); ++i) {
             fx.hscroll101[i].setValue(p.sliders[i]);

@@ -11,6 +11,7 @@
 #include <QPalette>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -403,6 +404,14 @@ void bindWidget(Control& control, QWidget& widget) {
 void bindWidget(Label& control, QLabel& widget) {
     widget.setTextFormat(Qt::PlainText);
     new Binding(control, widget, [&control, &widget] { showCaption(control, widget); });
+}
+
+void bindWidget(RangeControl& control, QProgressBar& widget) {
+    new Binding(control, widget, [&control, &widget] {
+        widget.setRange(control.low(), control.high());
+        widget.setValue(control.value());
+    });
+    nameAfter(control, widget);
 }
 
 namespace {

@@ -30,6 +30,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
 class QRadioButton;
 class QScrollBar;
@@ -60,6 +61,9 @@ void bindWidget(ComboBox& control, QComboBox& widget);
 void bindWidget(ListBox& control, QListWidget& widget);
 // The caption is shown as plain text.
 void bindWidget(Label& control, QLabel& widget);
+// A read-out of a value (progress, a level): the bar follows the range and the value
+// and is named after the control's caption.
+void bindWidget(RangeControl& control, QProgressBar& widget);
 // A frame or page of a panel: only shown or hidden, enabled or not.
 void bindWidget(Control& control, QWidget& widget);
 

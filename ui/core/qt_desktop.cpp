@@ -1,5 +1,6 @@
 #include "ui/core/qt_desktop.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QProcess>
@@ -11,7 +12,13 @@
 namespace brevane {
 
 bool QtProgramLauncher::startProgram(const std::filesystem::path& program) {
-    const QFileInfo file(qtPath(program));
+    QFileInfo file(qtPath(program));
+    // Installed, the tree is the user's folder and the companions stand beside the
+    // program's own file instead.
+    if (!file.isFile()) {
+        file =
+            QFileInfo(QCoreApplication::applicationDirPath() + QLatin1Char('/') + file.fileName());
+    }
     // QProcess would also search the PATH for a bare name; the companion must be the
     // one beside the program.
     if (!file.isFile() || !file.isExecutable()) {
