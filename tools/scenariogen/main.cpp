@@ -198,7 +198,7 @@ bool saveEffectsPresets(const fs::path& out) {
 bool saveColourSchemes(const fs::path& out) {
     bool ok = true;
     for (const stock::ColourSchemeRecipe& recipe : stock::colourSchemes()) {
-        HeadlessProgram program;
+        StockProgram program;
         Frmdemo& demo = program.app.frmDemo;
         for (int target = 1; target <= kSchemeTargets; ++target) {
             demo.setColour(target, *recipe.scheme.target(target));
