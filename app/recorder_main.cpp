@@ -8,6 +8,7 @@
 #include "base/event_loop.h"
 #include "engine/mix_share.h"
 #include "recorder/recorder_panel.h"
+#include "shell/colour_files.h"
 #include "ui/core/kept_window_position.h"
 #include "ui/platform/program_folder.h"
 #include "ui/platform/qt_dialogs.h"
@@ -42,6 +43,10 @@ int main(int argc, char** argv) {
         brevane::readWindowPosition(settings, brevane::RecorderPanel::kSettingsSection);
     brevane::RecorderView view(panel);
     view.setWindowIcon(brevane::programIcon());
+    // It wears the colours the program was last left in.
+    if (const auto scheme = brevane::lastNamedScheme(folder->root())) {
+        brevane::style::paint(view, *scheme);
+    }
     brevane::keepWindowPosition(view, panel.position);
     // The window's close ends what runs and hides the panel; the recorder ends with it.
     panel.window.watch([&panel] {

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/comma_record.h"
+#include "base/file_io.h"
 #include "core/lcd_display.h"
 
 namespace brevane {
@@ -161,6 +162,25 @@ FieldsRead<ColoursSessionRecord> readColoursSessionFile(std::string_view content
     out.record.active = r.active;
     out.record.name = r.name;
     return out;
+}
+
+std::optional<ColourScheme> lastNamedScheme(const std::filesystem::path& programFolder) {
+    std::string name = kDefaultSchemeName;
+    if (const auto session = readWholeFile(programFolder / kColoursSessionFile)) {
+        const FieldsRead<ColoursSessionRecord> read = readColoursSessionFile(*session);
+        if (read.fields == ColoursSessionRecord::kFields && !read.record.name.empty()) {
+            name = read.record.name;
+        }
+    }
+    for (const std::string& candidate : {name, std::string(kDefaultSchemeName)}) {
+        const auto file = programFolder / kColourFolder / (candidate + kSchemeExtension);
+        if (const auto content = readWholeFile(file)) {
+            if (auto scheme = readSchemeFile(*content)) {
+                return scheme;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 std::string writePaletteFile(const std::vector<Colour>& colours) {

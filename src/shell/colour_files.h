@@ -21,6 +21,7 @@
 // that paint programs read and write ("JASC-PAL", "0100", the count, then one
 // "red green blue" line per colour), so a user may put a palette of their own there.
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -58,6 +59,11 @@ struct ColoursSessionRecord {
 };
 std::string writeColoursSessionFile(const ColoursSessionRecord& record);
 FieldsRead<ColoursSessionRecord> readColoursSessionFile(std::string_view content);
+
+// The named scheme the program under `programFolder` was last left in: the one
+// colors.tmp names, else "Default"; nothing when neither can be read. For the companion
+// programs, which wear the program's colours without its panels.
+std::optional<ColourScheme> lastNamedScheme(const std::filesystem::path& programFolder);
 
 // ---- XP.pal ----
 

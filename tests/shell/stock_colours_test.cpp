@@ -13,6 +13,7 @@
 
 #include "base/file_io.h"
 #include "base/preset_folder.h"
+#include "base/temp_tree.h"
 #include "core/lcd_display.h"
 #include "scenarios/scenario_files.h"
 #include "shell/colour_files.h"
@@ -54,6 +55,25 @@ TEST(StockColourSchemes, DefaultAndSixNamedSchemesLightAndDarkShip) {
     }
     EXPECT_GE(light, 3);
     EXPECT_GE(dark, 3);
+}
+
+// The companions wear the scheme colors.tmp names; one it names that is not there, or no
+// colors.tmp at all, gives "Default".
+TEST(StockColourSchemes, TheSchemeTheProgramWasLeftInIsTheOneColorsTmpNames) {
+    TempTree tree;
+    fs::create_directories(tree.root() / "config");
+    fs::create_directory_symlink(kStock / kColourFolder, tree.root() / kColourFolder);
+    const auto schemes = stockSchemes();
+    EXPECT_EQ(lastNamedScheme(tree.root()), schemes.at("Default"));
+    ColoursSessionRecord session;
+    session.name = "Night";
+    ASSERT_TRUE(
+        writeFileAtomically(tree.root() / kColoursSessionFile, writeColoursSessionFile(session)));
+    EXPECT_EQ(lastNamedScheme(tree.root()), schemes.at("Night"));
+    session.name = "Gone";
+    ASSERT_TRUE(
+        writeFileAtomically(tree.root() / kColoursSessionFile, writeColoursSessionFile(session)));
+    EXPECT_EQ(lastNamedScheme(tree.root()), schemes.at("Default"));
 }
 
 TEST(StockColourSchemes, EveryTextReadsAtFourAndAHalfToOneAndEachPartStandsApart) {
