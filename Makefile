@@ -4,7 +4,7 @@ SANITIZE_BUILD ?= build-sanitize
 TSAN_BUILD ?= build-tsan
 CMAKE_FLAGS ?=
 
-.PHONY: all setup build run test package test-sanitize test-tsan bench format sound-sheets clean
+.PHONY: all setup build run test package test-sanitize test-tsan bench format sound-sheets picture-sheet clean
 
 all: build
 
@@ -47,6 +47,9 @@ bench: build
 
 sound-sheets: build
 	cmake --build $(BUILD) --target sound_sheets
+
+picture-sheet: build
+	cmake --build $(BUILD) --target picture_sheet
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
