@@ -32,6 +32,7 @@ Application::Application(const Platform& platform)
       Form3(*this, frmrandommain, "Randomize Settings", "Settings4"),
       Form33(*this, frmcustom, "Custom Randomize Settings", {}),
       Frmsoundindent(*this),
+      Form2(*this),
       FRMOPTIONS(*this),
       Formtips(*this),
       frmevolve(*this),
@@ -40,6 +41,7 @@ Application::Application(const Platform& platform)
       Alarm(*this),
       Timers(*this),
       frmaddscenariodirectory(*this),
+      Frmimport(*this),
       frmDemo(*this),
       Frmcolorpicker(*this),
       media(*this) {}
@@ -106,9 +108,9 @@ std::vector<PanelColours*> Application::paintedPanels() {
     }
     for (PanelColours* c :
          {&frmcustom.colours, &Form3.colours, &Form33.colours, &Frmsoundindent.colours,
-          &FRMOPTIONS.colours, &Formtips.colours, &frmevolve.colours, &frmbwave.colours,
-          &frmeffects.colours, &Alarm.colours, &Timers.colours, &frmaddscenariodirectory.colours,
-          &Frmcolorpicker.colours}) {
+          &Form2.colours, &Frmimport.colours, &FRMOPTIONS.colours, &Formtips.colours,
+          &frmevolve.colours, &frmbwave.colours, &frmeffects.colours, &Alarm.colours,
+          &Timers.colours, &frmaddscenariodirectory.colours, &Frmcolorpicker.colours}) {
         panels.push_back(c);
     }
     return panels;
@@ -153,6 +155,7 @@ void Application::unloadPanels() {
     frmrandommain3.unload();
     frmrandommain4.unload();
     frmcustom.unload();
+    Form2.unload();
     Frmsoundindent.unload();
     frmevolve.unload();
     frmbwave.unload();

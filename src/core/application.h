@@ -21,6 +21,7 @@
 #include "banks/random/identify_panel.h"
 #include "banks/random/random_bank.h"
 #include "banks/random/randomize_settings.h"
+#include "banks/random/select_sounds.h"
 #include "brainwaves/frmbwave.h"
 #include "core/frmmain.h"
 #include "core/media_control.h"
@@ -30,6 +31,7 @@
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
 #include "fx/frmeffects.h"
+#include "scenarios/import_panel.h"
 #include "scheduling/alarm_panel.h"
 #include "scheduling/scheduler_panel.h"
 #include "shell/colour_picker.h"
@@ -118,6 +120,8 @@ class Application {
     RandomizeSettings Form3;
     RandomizeSettings Form33;
     IdentifyPanel Frmsoundindent;
+    // "Select Sounds", which fills the custom banks in one go.
+    SelectSoundsPanel Form2;
     OptionsPanel FRMOPTIONS;
     TipsPanel Formtips;
     // Rain, thunder and the night, driving bank one, bank two and the random banks.
@@ -131,6 +135,8 @@ class Application {
     // The scheduler, and its folder chooser.
     SchedulerPanel Timers;
     ScenarioFolderPanel frmaddscenariodirectory;
+    // Installs scenario packages.
+    ImportPanel Frmimport;
     // The colour schemes, and their colour picker.
     Frmdemo frmDemo;
     ColourPicker Frmcolorpicker;

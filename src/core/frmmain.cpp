@@ -123,6 +123,7 @@ void Frmmain::load() {
     app_.Form3.load();
     app_.Form33.load();
     app_.Frmsoundindent.load();
+    app_.Form2.load();
     app_.FRMOPTIONS.load();
     app_.frmevolve.load();
     app_.frmbwave.load();
@@ -298,6 +299,7 @@ void Frmmain::quitWithoutAsking() {
     window.hide();
     app_.hideBanks();
     app_.Frmsoundindent.window.hide();
+    app_.Form2.window.hide();
 
     // 3. states.tmp: the five session flags.
     writeSessionStates();

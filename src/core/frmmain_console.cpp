@@ -25,9 +25,11 @@ void Frmmain::wireConsole() {
     };
     placeholder(mp3Button, "MP3");
     placeholder(cdButton, "CD");
-    placeholder(importButton, "Import");
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
+    importButton.setCaption("Import");
+    importButton.setToolTip("Install a packaged scenario");
+    importButton.onClick = [this] { app_.Frmimport.window.show(); };
     scheduleButton.setCaption("Schedule");
     scheduleButton.setToolTip("Change the scenario at chosen times, or from a playlist");
     scheduleButton.onClick = [this] { app_.Timers.show(); };

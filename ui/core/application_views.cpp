@@ -7,6 +7,7 @@
 #include "ui/banks/random/form3_view.h"
 #include "ui/banks/random/identify_view.h"
 #include "ui/banks/random/random_bank_view.h"
+#include "ui/banks/random/select_sounds_view.h"
 #include "ui/binding/bindings.h"
 #include "ui/brainwaves/bwave_view.h"
 #include "ui/core/hotkeys_binding.h"
@@ -16,6 +17,7 @@
 #include "ui/core/tips_view.h"
 #include "ui/core/tray_view.h"
 #include "ui/fx/effects_view.h"
+#include "ui/scenarios/import_view.h"
 #include "ui/scheduling/alarm_view.h"
 #include "ui/scheduling/scheduler_view.h"
 #include "ui/shell/colour_picker_view.h"
@@ -41,6 +43,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.Form3.window, std::make_unique<RandomizeSettingsView>(app.Form3));
     add(app.Form33.window, std::make_unique<RandomizeSettingsView>(app.Form33));
     add(app.Frmsoundindent.window, std::make_unique<IdentifyView>(app.Frmsoundindent));
+    add(app.Form2.window, std::make_unique<SelectSoundsView>(app.Form2));
     add(app.FRMOPTIONS.window, std::make_unique<OptionsView>(app.FRMOPTIONS));
     add(app.frmevolve.window, std::make_unique<EvolveView>(app.frmevolve));
     add(app.frmbwave.window, std::make_unique<BwaveView>(app.frmbwave));
@@ -49,6 +52,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.Timers.window, std::make_unique<SchedulerView>(app.Timers));
     add(app.frmaddscenariodirectory.window,
         std::make_unique<ScenarioFolderView>(app.frmaddscenariodirectory));
+    add(app.Frmimport.window, std::make_unique<ImportView>(app.Frmimport));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     add(app.frmDemo.window, std::make_unique<DemoView>(app.frmDemo));
     add(app.Frmcolorpicker.window, std::make_unique<ColourPickerView>(app.Frmcolorpicker));

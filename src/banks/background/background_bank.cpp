@@ -176,6 +176,9 @@ BackgroundBank::BackgroundBank(Application& app, BackgroundBankConfig config)
     resetAllButton.setCaption("Reset All");
     resetAllButton.setVisible(config_.custom);
     resetAllButton.onClick = [this] { resetAll(); };
+    selectSoundsButton.setCaption("Select Sounds");
+    selectSoundsButton.setVisible(config_.custom);
+    selectSoundsButton.onClick = [this] { app_.Form2.open(SelectionMode::Back); };
 
     hiddenVolume.setVisible(false);
     hiddenRate.setVisible(false);
@@ -699,7 +702,9 @@ void BackgroundBank::renameFirstSlotByRightButton() {
     renameFirstSlot = false;
 }
 
-void BackgroundBank::bulkLoad(const std::array<std::string, kHandOverEntries>& handOver) {
+std::vector<std::string> BackgroundBank::bulkLoad(
+    const std::array<std::string, kHandOverEntries>& handOver) {
+    std::vector<std::string> failed;
     for (int s = 1; s <= kBackgroundSlots; ++s) {
         slot(s).on.setValue(0);
     }
@@ -713,10 +718,15 @@ void BackgroundBank::bulkLoad(const std::array<std::string, kHandOverEntries>& h
         }
         const std::string relative = app_.appPath.relativeText(entry);
         freeSlotSample(s);
-        loadSlotSample(s, app_.appPath / relative);
+        // Decoded on the spot, so that a file that will not play is known now.
+        loadSlotSample(s, app_.appPath / relative, true);
+        if (slot(s).sample == 0) {
+            failed.push_back(fs::path(relative).filename().string());
+        }
         slot(s).on.setCaption(baseNameOf(relative));
         storePath(s, relative);
     }
+    return failed;
 }
 
 void BackgroundBank::resetAll() {

@@ -131,6 +131,8 @@ class BackgroundBank : public MixGroupFollower {
     CommandButton loadButton;
     CommandButton saveButton;
     CommandButton resetAllButton;
+    // The custom bank's "Select Sounds": opens Form2 to fill the bank in one go.
+    CommandButton selectSoundsButton;
 
     // The custom bank's hidden controls that its record keeps: an eighteenth Volume
     // slider (field 18), a further Rate slider (field 58) and an eighteenth check box
@@ -193,8 +195,9 @@ class BackgroundBank : public MixGroupFollower {
     // The custom bank's commands. chooseFile keeps the dialog coming back until a file
     // inside the background sound folder is chosen or the dialog is cancelled.
     void chooseFile(int s);
-    // Takes the hand-over entries from the first up to the first empty one.
-    void bulkLoad(const std::array<std::string, kHandOverEntries>& handOver);
+    // Takes the hand-over entries from the first up to the first empty one; answers the
+    // names of the files that do not decode.
+    std::vector<std::string> bulkLoad(const std::array<std::string, kHandOverEntries>& handOver);
     // Asks first; on Yes every slot becomes "Not Set" with no file.
     void resetAll();
     // The right button on the custom bank's first check box: the rename flag is set for

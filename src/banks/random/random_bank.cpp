@@ -80,6 +80,9 @@ RandomBank::RandomBank(Application& app, RandomBankConfig config)
     resetAllButton.setCaption("Reset All");
     resetAllButton.setVisible(custom());
     resetAllButton.onClick = [this] { resetAll(); };
+    selectSoundsButton.setCaption("Select Sounds");
+    selectSoundsButton.setVisible(custom());
+    selectSoundsButton.onClick = [this] { app_.Form2.open(SelectionMode::Random); };
     hiddenSlider39.setVisible(false);
     hiddenSlider41.setVisible(false);
 
@@ -624,9 +627,11 @@ void RandomBank::renameSlot(int s) {
     }
 }
 
-void RandomBank::bulkLoad(const std::array<std::string, kRandomSlots>& handOver) {
+std::vector<std::string> RandomBank::bulkLoad(
+    const std::array<std::string, kRandomSlots>& handOver) {
+    std::vector<std::string> failed;
     if (!custom()) {
-        return;
+        return failed;
     }
     for (int s = 1; s <= kRandomSlots; ++s) {
         app_.engine.stop(slot(s).channel);
@@ -636,9 +641,14 @@ void RandomBank::bulkLoad(const std::array<std::string, kRandomSlots>& handOver)
         if (entry.empty()) {
             break;
         }
-        replaceSlotSample(s, app_.appPath.relativeText(entry));
+        // Decoded on the spot, so that a file that will not play is known now.
+        replaceSlotSample(s, app_.appPath.relativeText(entry), true);
+        if (slot(s).sample == 0) {
+            failed.push_back(fs::path(slot(s).path).filename().string());
+        }
         slot(s).name.setCaption(fs::path(slot(s).path).stem().string());
     }
+    return failed;
 }
 
 void RandomBank::resetAll() {

@@ -122,6 +122,8 @@ class RandomBank : public MixGroupFollower {
     CommandButton saveButton;
     // The custom bank's "Reset All"; hidden on the fixed banks.
     CommandButton resetAllButton;
+    // The custom bank's "Select Sounds": opens Form2 to fill the bank in one go.
+    CommandButton selectSoundsButton;
 
     // Navigation, each target taking this panel's place on screen: "Back2" and
     // "Cust B" (background banks), "Rand" (the console's Random command), "Main", the
@@ -213,7 +215,8 @@ class RandomBank : public MixGroupFollower {
     void renameSlot(int s);
     // Takes the hand-over entries from the first up to the first empty one; the slots
     // behind it keep what they had.
-    void bulkLoad(const std::array<std::string, kRandomSlots>& handOver);
+    // Answers the names of the files that do not decode.
+    std::vector<std::string> bulkLoad(const std::array<std::string, kRandomSlots>& handOver);
     // Asks first; on Yes every slot becomes "Not Set" with no file.
     void resetAll();
 

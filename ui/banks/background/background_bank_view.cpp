@@ -303,6 +303,7 @@ BackgroundBankView::BackgroundBankView(BackgroundBank& bank, QWidget* parent)
     commands->addWidget(commandButton(bank.loadButton, this), 1, 0);
     commands->addWidget(commandButton(bank.saveButton, this), 1, 1);
     commands->addWidget(commandButton(bank.resetAllButton, this), 2, 0, 1, 2);
+    commands->addWidget(commandButton(bank.selectSoundsButton, this), 3, 0, 1, 2);
     side->addLayout(commands);
     root->addLayout(side);
 

@@ -176,6 +176,7 @@ QHBoxLayout* commandRow(RandomBank& bank, QWidget* parent) {
     fileRow->addWidget(button(bank.saveButton, file));
     if (bank.custom()) {
         fileRow->addWidget(button(bank.resetAllButton, file));
+        fileRow->addWidget(button(bank.selectSoundsButton, file));
     }
     row->addWidget(file);
     row->addStretch(1);
