@@ -39,6 +39,7 @@ Application::Application(const Platform& platform)
       Alarm(*this),
       Timers(*this),
       frmaddscenariodirectory(*this),
+      frmmainmp3(*this),
       media(*this) {}
 
 Application::~Application() = default;
@@ -126,6 +127,7 @@ void Application::unloadPanels() {
     frmevolve.unload();
     frmbwave.unload();
     frmeffects.unload();
+    frmmainmp3.unload();
     Timers.unload();
     FRMOPTIONS.unload();
     STARTUP.unload();

@@ -30,6 +30,7 @@
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
 #include "fx/frmeffects.h"
+#include "media/mp3_player.h"
 #include "scheduling/alarm_panel.h"
 #include "scheduling/scheduler_panel.h"
 #include "weather/frmevolve.h"
@@ -127,6 +128,8 @@ class Application {
     // The scheduler, and its folder chooser.
     SchedulerPanel Timers;
     ScenarioFolderPanel frmaddscenariodirectory;
+    // The MP3 player, its playlist and folder chooser.
+    Frmmainmp3 frmmainmp3;
     // The soundscape as the desktop's media keys and player applets see it.
     MediaControl media;
 
