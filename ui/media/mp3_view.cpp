@@ -23,7 +23,7 @@ namespace brevane {
 
 namespace {
 
-constexpr int kLcdColumns = 24;
+constexpr int kLcdColumns = 34;
 
 QVBoxLayout* rootLayout(QWidget* window) {
     auto* root = new QVBoxLayout(window);
