@@ -99,6 +99,19 @@ MusicStream::~MusicStream() {
     thread_.join();
 }
 
+template <typename Change>
+void MusicStream::request(std::int64_t firstFrame, Change change) {
+    ++requested_;
+    requestedFrame_ = firstFrame;
+    endTaken_ = false;
+    {
+        std::lock_guard lock(mutex_);
+        change();
+        requestEpoch_ = requested_;
+    }
+    wake_.notify_all();
+}
+
 bool MusicStream::setFile(const std::filesystem::path& file) {
     auto source = std::make_unique<Source>();
     if (!source->reader.open(file)) {
@@ -106,32 +119,25 @@ bool MusicStream::setFile(const std::filesystem::path& file) {
         return false;
     }
     duration_ = source->reader.durationSeconds();
-    {
-        std::lock_guard lock(mutex_);
+    paused_.store(true, std::memory_order_relaxed);
+    open_ = true;
+    request(0, [&] {
         incoming_ = std::move(source);
         replace_ = true;
         seek_ = false;
-    }
-    wake_.notify_all();
-    paused_.store(true, std::memory_order_relaxed);
-    positionFrames_.store(0, std::memory_order_relaxed);
-    open_ = true;
-    endingsSeen_ = endings_.load(std::memory_order_acquire);
+    });
     return true;
 }
 
 void MusicStream::clear() {
-    {
-        std::lock_guard lock(mutex_);
+    paused_.store(true, std::memory_order_relaxed);
+    open_ = false;
+    duration_ = 0.0;
+    request(-1, [&] {
         incoming_.reset();
         replace_ = true;
         seek_ = false;
-    }
-    wake_.notify_all();
-    paused_.store(true, std::memory_order_relaxed);
-    positionFrames_.store(-1, std::memory_order_relaxed);
-    open_ = false;
-    duration_ = 0.0;
+    });
 }
 
 void MusicStream::play() {
@@ -152,7 +158,11 @@ double MusicStream::position() const {
     if (!open_) {
         return -1.0;
     }
-    return static_cast<double>(positionFrames_.load(std::memory_order_relaxed)) / kMixRate;
+    // Until the mixer reaches the latest change, the position is the one asked for.
+    const bool heard = heardEpoch_.load(std::memory_order_acquire) == requested_;
+    const std::int64_t frame =
+        heard ? positionFrames_.load(std::memory_order_relaxed) : requestedFrame_;
+    return static_cast<double>(frame) / kMixRate;
 }
 
 void MusicStream::setPosition(double seconds) {
@@ -160,14 +170,10 @@ void MusicStream::setPosition(double seconds) {
         return;
     }
     seconds = std::clamp(seconds, 0.0, std::max(duration_, 0.0));
-    {
-        std::lock_guard lock(mutex_);
+    request(std::llround(seconds * kMixRate), [&] {
         seek_ = true;
         seekTo_ = seconds;
-    }
-    wake_.notify_all();
-    positionFrames_.store(std::llround(seconds * kMixRate), std::memory_order_relaxed);
-    endingsSeen_ = endings_.load(std::memory_order_acquire);
+    });
 }
 
 double MusicStream::duration() const {
@@ -186,11 +192,10 @@ int MusicStream::volume() const {
 }
 
 bool MusicStream::takeEnded() {
-    const std::uint32_t now = endings_.load(std::memory_order_acquire);
-    if (now == endingsSeen_) {
+    if (endTaken_ || endedEpoch_.load(std::memory_order_acquire) != requested_) {
         return false;
     }
-    endingsSeen_ = now;
+    endTaken_ = true;
     return open_;
 }
 
@@ -198,7 +203,7 @@ void MusicStream::waitFilled(int frames) {
     const std::uint64_t want =
         std::min<std::uint64_t>(static_cast<std::uint64_t>(std::max(frames, 0)), kRingFrames);
     std::unique_lock lock(mutex_);
-    filled_.wait(lock, [&] {
+    const auto ready = [&] {
         if (replace_ || seek_) {
             return false;
         }
@@ -207,7 +212,17 @@ void MusicStream::waitFilled(int frames) {
         }
         const std::uint64_t from = std::max(read_.load(std::memory_order_acquire), epochStart_);
         return write_.load(std::memory_order_relaxed) - from >= want;
-    });
+    };
+    for (;;) {
+        // The caller mixes: it drops what a newer file or seek left unheard, so that the
+        // decoder has the whole ring for the sound to come.
+        read_.store(takeMarks(read_.load(std::memory_order_relaxed)), std::memory_order_release);
+        if (ready()) {
+            return;
+        }
+        wake_.notify_all();
+        filled_.wait_for(lock, std::chrono::milliseconds(10));
+    }
 }
 
 void MusicStream::startEpoch(std::int64_t firstFrame, bool live) {
@@ -216,7 +231,7 @@ void MusicStream::startEpoch(std::int64_t firstFrame, bool live) {
     hasSource_ = live;
     // The queue is sized far beyond what the mixer can leave unread between two blocks;
     // a full queue would only mean the mixer has stopped, and the mark can wait.
-    while (!marks_.push(Mark{epochStart_, firstFrame, false, live})) {
+    while (!marks_.push(Mark{epochStart_, firstFrame, false, live, requestEpoch_})) {
         std::this_thread::yield();
     }
 }
@@ -300,10 +315,7 @@ bool MusicStream::fill(Source& s) {
     return true;
 }
 
-void MusicStream::mixInto(float* out, int frames) {
-    // The write index first: any frames it shows were preceded by their marks.
-    const std::uint64_t written = write_.load(std::memory_order_acquire);
-    std::uint64_t read = read_.load(std::memory_order_relaxed);
+std::uint64_t MusicStream::takeMarks(std::uint64_t read) {
     Mark m;
     while (marks_.pop(m)) {
         if (m.end) {
@@ -314,9 +326,20 @@ void MusicStream::mixInto(float* out, int frames) {
             live_ = m.live;
             endIndex_ = UINT64_MAX;
             endCounted_ = false;
+            markEpoch_ = m.epoch;
             read = std::max(read, m.index);
+            positionFrames_.store(frameAtStart_ + static_cast<std::int64_t>(read - startIndex_),
+                                  std::memory_order_relaxed);
+            heardEpoch_.store(markEpoch_, std::memory_order_release);
         }
     }
+    return read;
+}
+
+void MusicStream::mixInto(float* out, int frames) {
+    // The write index first: any frames it shows were preceded by their marks.
+    const std::uint64_t written = write_.load(std::memory_order_acquire);
+    std::uint64_t read = takeMarks(read_.load(std::memory_order_relaxed));
     const float target = paused_.load(std::memory_order_relaxed) || !live_
                              ? 0.0f
                              : gain_.load(std::memory_order_relaxed);
@@ -345,7 +368,7 @@ void MusicStream::mixInto(float* out, int frames) {
                           std::memory_order_relaxed);
     if (read >= endIndex_ && !endCounted_) {
         endCounted_ = true;
-        endings_.fetch_add(1, std::memory_order_release);
+        endedEpoch_.store(markEpoch_, std::memory_order_release);
     }
 }
 

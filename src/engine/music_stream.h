@@ -74,7 +74,8 @@ class MusicStream final : public MediaPlayer {
 
     // Offline render: waits until every change asked for is taken up by the decoder and
     // the ring holds `frames` frames of the stream (or its end), so that the same calls
-    // always give the same samples. Interface thread only.
+    // always give the same samples. Only on the thread that mixes (the interface thread
+    // of an offline engine).
     void waitFilled(int frames);
 
     // Mixing thread: adds `frames` interleaved stereo frames of music to `out`.
@@ -90,12 +91,21 @@ class MusicStream final : public MediaPlayer {
         std::int64_t firstFrame = 0;
         bool end = false;
         bool live = false;  // a start with a file behind it
+        // The change of the interface thread that the start answers.
+        std::uint32_t epoch = 0;
     };
 
     void run();
     // Decoder thread: decodes and writes one piece; false at the end of the file.
     bool fill(Source& source);
     void startEpoch(std::int64_t firstFrame, bool live);
+    // Mixing thread: takes the decoder's marks; returns the read index, past what a
+    // newer start leaves unheard.
+    std::uint64_t takeMarks(std::uint64_t read);
+    // Interface thread: a new file, a seek or a clear, made by `change` under the lock
+    // together with its number, so the decoder always takes the two as one.
+    template <typename Change>
+    void request(std::int64_t firstFrame, Change change);
 
     std::vector<float> ring_;
     std::atomic<std::uint64_t> write_{0};  // frames written, by the decoder
@@ -105,7 +115,10 @@ class MusicStream final : public MediaPlayer {
     std::atomic<bool> paused_{true};
     std::atomic<float> gain_{1.0f};
     std::atomic<std::int64_t> positionFrames_{-1};
-    std::atomic<std::uint32_t> endings_{0};
+    // The change whose start the mixer has reached, and the one whose end it has heard:
+    // a position or an end of an older change is never taken for the present one.
+    std::atomic<std::uint32_t> heardEpoch_{0};
+    std::atomic<std::uint32_t> endedEpoch_{0};
 
     // Mixing-thread state.
     std::uint64_t endIndex_ = UINT64_MAX;
@@ -113,13 +126,16 @@ class MusicStream final : public MediaPlayer {
     std::uint64_t startIndex_ = 0;
     bool live_ = false;
     bool endCounted_ = false;
+    std::uint32_t markEpoch_ = 0;
     float currentGain_ = 0.0f;
 
     // Interface-thread state.
     int volume_ = 0;
     double duration_ = 0.0;
     bool open_ = false;
-    std::uint32_t endingsSeen_ = 0;
+    std::uint32_t requested_ = 0;
+    std::int64_t requestedFrame_ = -1;
+    bool endTaken_ = true;
 
     // Between the interface thread and the decoder thread.
     std::mutex mutex_;
@@ -129,6 +145,7 @@ class MusicStream final : public MediaPlayer {
     bool replace_ = false;
     bool seek_ = false;
     double seekTo_ = 0.0;
+    std::uint32_t requestEpoch_ = 0;
     bool quit_ = false;
     bool atEnd_ = false;
     bool hasSource_ = false;
