@@ -321,9 +321,10 @@ TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {
     EXPECT_EQ(fileText(at("opti.tmp")), "1,1,0,1,0,\"60\",1,0,0\r\n");
     EXPECT_EQ(files(), (std::vector<std::string>{
                            "Timersettings.tmp", "Timersettings2.tmp", "alarm.tmp", "back.ini",
-                           "back2.ini", "backc.ini", "bwave.tmp", "effects.tmp", "evo.ini",
-                           "main.tmp", "mainb.tmp", "opti.tmp", "rand.ini", "rand2.ini",
-                           "rand3.ini", "rand4.ini", "randc.ini", "scard.tmp", "states.tmp"}));
+                           "back2.ini",         "backc.ini",          "bwave.tmp", "effects.tmp",
+                           "evo.ini",           "main.tmp",           "mainb.tmp", "mp3.tmp",
+                           "opti.tmp",          "rand.ini",           "rand2.ini", "rand3.ini",
+                           "rand4.ini",         "randc.ini",          "scard.tmp", "states.tmp"}));
 }
 
 }  // namespace
