@@ -44,6 +44,7 @@ Application::Application(const Platform& platform)
       Frmimport(*this),
       frmDemo(*this),
       Frmcolorpicker(*this),
+      frmmainmp3(*this),
       media(*this) {}
 
 Application::~Application() = default;
@@ -110,7 +111,8 @@ std::vector<PanelColours*> Application::paintedPanels() {
          {&frmcustom.colours, &Form3.colours, &Form33.colours, &Frmsoundindent.colours,
           &Form2.colours, &Frmimport.colours, &FRMOPTIONS.colours, &Formtips.colours,
           &frmevolve.colours, &frmbwave.colours, &frmeffects.colours, &Alarm.colours,
-          &Timers.colours, &frmaddscenariodirectory.colours, &Frmcolorpicker.colours}) {
+          &Timers.colours, &frmaddscenariodirectory.colours, &Frmcolorpicker.colours,
+          &frmmainmp3.colours, &frmmainmp3.frmList.colours, &frmmainmp3.Formmp3adddir.colours}) {
         panels.push_back(c);
     }
     return panels;
@@ -160,6 +162,7 @@ void Application::unloadPanels() {
     frmevolve.unload();
     frmbwave.unload();
     frmeffects.unload();
+    frmmainmp3.unload();
     Timers.unload();
     Frmcolorpicker.unload();
     frmDemo.unload();

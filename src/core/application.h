@@ -31,6 +31,7 @@
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
 #include "fx/frmeffects.h"
+#include "media/mp3_player.h"
 #include "scenarios/import_panel.h"
 #include "scheduling/alarm_panel.h"
 #include "scheduling/scheduler_panel.h"
@@ -140,6 +141,8 @@ class Application {
     // The colour schemes, and their colour picker.
     Frmdemo frmDemo;
     ColourPicker Frmcolorpicker;
+    // The MP3 player, its playlist and folder chooser.
+    Frmmainmp3 frmmainmp3;
     // The soundscape as the desktop's media keys and player applets see it.
     MediaControl media;
 

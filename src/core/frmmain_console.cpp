@@ -23,7 +23,9 @@ void Frmmain::wireConsole() {
         button.setCaption(caption);
         button.setEnabled(false);
     };
-    placeholder(mp3Button, "MP3");
+    mp3Button.setCaption("MP3");
+    mp3Button.setToolTip("Play your own music beside the soundscape");
+    mp3Button.onClick = [this] { app_.frmmainmp3.open(); };
     placeholder(cdButton, "CD");
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");

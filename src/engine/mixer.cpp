@@ -1,4 +1,5 @@
 #include "engine/mixer.h"
+#include "engine/music_stream.h"
 
 #include <algorithm>
 #include <atomic>
@@ -407,6 +408,9 @@ void Mixer::renderSubBlock(float* out) {
         mix_[static_cast<std::size_t>(2 * i + 1)] = right_[static_cast<std::size_t>(i)];
     }
     runEffects();
+    if (music_ != nullptr) {
+        music_->mixInto(mix_.data(), kSubBlockFrames);
+    }
     for (float& x : mix_) {
         x = softLimit(x);
     }

@@ -17,6 +17,7 @@
 namespace brevane {
 
 class EffectsChain;
+class MusicStream;
 
 // Where a sample's frames are. A pending sample is being decoded: a channel playing it
 // waits, silent and at its start, and begins when the frames arrive. A failed one has
@@ -101,6 +102,10 @@ class Mixer {
     // Frames rendered since construction; any thread.
     std::uint64_t framesRendered() const { return framesRendered_.load(std::memory_order_relaxed); }
 
+    // The music bus, added after the effects and before the output stage; null for none.
+    // Only before mixing starts; the stream must outlive the mixing.
+    void attachMusic(MusicStream* music) { music_ = music; }
+
     // ---- mixing thread ----
     // Renders `frames` interleaved stereo frames into `out` (overwritten).
     void render(float* out, int frames);
@@ -180,6 +185,7 @@ class Mixer {
     alignas(64) std::array<float, 2 * kSubBlockFrames> stash_{};
     int stashPos_ = 0;
     int stashLeft_ = 0;
+    MusicStream* music_ = nullptr;
     ChainBox* chain_ = nullptr;
     bool chainHasPlayed_ = false;
     bool fading_ = false;  // the previous chain still sounds, fading out

@@ -26,7 +26,9 @@ constexpr auto kFullQueueWait = std::chrono::milliseconds(250);
 
 }  // namespace
 
-MixerEngine::MixerEngine(Output output) : output_(output), mixer_(std::make_unique<Mixer>()) {
+MixerEngine::MixerEngine(Output output)
+    : output_(output), music_(std::make_unique<MusicStream>()), mixer_(std::make_unique<Mixer>()) {
+    mixer_->attachMusic(music_.get());
     if (output_ == Output::Device) {
         backend_ = std::make_unique<SdlBackend>();
         device_ = std::make_unique<DeviceOutput>(*backend_, *mixer_);
@@ -34,7 +36,11 @@ MixerEngine::MixerEngine(Output output) : output_(output), mixer_(std::make_uniq
 }
 
 MixerEngine::MixerEngine(std::unique_ptr<DeviceBackend> backend)
-    : output_(Output::Device), mixer_(std::make_unique<Mixer>()), backend_(std::move(backend)) {
+    : output_(Output::Device),
+      music_(std::make_unique<MusicStream>()),
+      mixer_(std::make_unique<Mixer>()),
+      backend_(std::move(backend)) {
+    mixer_->attachMusic(music_.get());
     device_ = std::make_unique<DeviceOutput>(*backend_, *mixer_);
 }
 
@@ -455,7 +461,16 @@ void MixerEngine::render(float* out, int frames) {
         return;
     }
     decoder_.waitIdle();
-    mixer_->render(out, frames);
+    // Never more at once than half the music's ring holds, so a long render never runs
+    // it dry.
+    constexpr int kPiece = static_cast<int>(MusicStream::kRingFrames / 2);
+    while (frames > 0) {
+        const int n = std::min(frames, kPiece);
+        music_->waitFilled(n);
+        mixer_->render(out, n);
+        out += 2 * static_cast<std::ptrdiff_t>(n);
+        frames -= n;
+    }
 }
 
 std::vector<float> MixerEngine::render(int frames) {

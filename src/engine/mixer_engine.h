@@ -13,6 +13,7 @@
 #include "engine/device_backend.h"
 #include "engine/device_output.h"
 #include "engine/mixer.h"
+#include "engine/music_stream.h"
 #include "engine/sound_engine.h"
 
 namespace brevane {
@@ -63,10 +64,12 @@ class MixerEngine final : public SoundEngine {
     void setEqualizerBand(int id, const EqualizerBandParams& p) override;
     void setReverb(int id, const ReverbParams& p) override;
     void setEcho(int id, const EchoParams& p) override;
+    MediaPlayer* mediaPlayer() override { return music_.get(); }
 
     // Offline output only: renders `frames` interleaved stereo frames into `out`, once
-    // every load asked for so far is decoded, so that the same calls always give the
-    // same samples. Does nothing in device output.
+    // every load asked for so far is decoded, and piece by piece as the music streams,
+    // so that the same calls always give the same samples. Does nothing in device
+    // output.
     void render(float* out, int frames);
     std::vector<float> render(int frames);
 
@@ -128,6 +131,8 @@ class MixerEngine final : public SoundEngine {
         const std::variant<std::monostate, EqualizerBandParams, ReverbParams, EchoParams>& params);
 
     Output output_;
+    // Before the mixer: the mixing stops before the stream goes.
+    std::unique_ptr<MusicStream> music_;
     std::unique_ptr<Mixer> mixer_;
     std::unique_ptr<DeviceBackend> backend_;
     std::unique_ptr<DeviceOutput> device_;

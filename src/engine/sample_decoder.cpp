@@ -2,39 +2,17 @@
 
 #include <cmath>
 #include <memory>
-#include <mutex>
-#include <system_error>
 #include <type_traits>
 
+#include "engine/ffmpeg_reader.h"
+
 extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
 #include <libavutil/channel_layout.h>
-#include <libavutil/log.h>
-#include <libavutil/opt.h>
-#include <libswresample/swresample.h>
 }
 
 namespace brevane {
 
 namespace {
-
-// Owners of the FFmpeg objects, so every way out of the decoder frees them.
-struct FormatCloser {
-    void operator()(AVFormatContext* f) const { avformat_close_input(&f); }
-};
-struct CodecFreer {
-    void operator()(AVCodecContext* c) const { avcodec_free_context(&c); }
-};
-struct FrameFreer {
-    void operator()(AVFrame* f) const { av_frame_free(&f); }
-};
-struct PacketFreer {
-    void operator()(AVPacket* p) const { av_packet_free(&p); }
-};
-struct SwrFreer {
-    void operator()(SwrContext* s) const { swr_free(&s); }
-};
 
 // Longest sample accepted: an hour at 192 kHz. Guards against a damaged header that
 // claims an endless stream.
@@ -42,53 +20,12 @@ constexpr std::size_t kMaxFrames = std::size_t{192000} * 3600;
 
 class Decoder {
   public:
-    bool open(const std::filesystem::path& file) {
-        AVFormatContext* raw = nullptr;
-        if (avformat_open_input(&raw, file.c_str(), nullptr, nullptr) < 0) {
-            return false;
-        }
-        format_.reset(raw);
-        const AVCodec* codec = nullptr;
-        stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
-        // Most audio files say all we need in their header; reading ahead to learn more
-        // (which decodes seconds of sound) is only for those that do not.
-        if (stream_ < 0 || codec == nullptr || !complete(format_->streams[stream_]->codecpar)) {
-            if (avformat_find_stream_info(format_.get(), nullptr) < 0) {
-                return false;
-            }
-            stream_ = av_find_best_stream(format_.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
-        }
-        if (stream_ < 0 || codec == nullptr) {
-            return false;
-        }
-        // The container is known now. Left at its default, the probe size also has FFmpeg
-        // look again at the first megabytes of the sound, packet by packet, for another
-        // codec hidden inside (S/PDIF in WAV): most of the cost of loading a WAV file.
-        format_->probesize = 2048;
-        codec_.reset(avcodec_alloc_context3(codec));
-        if (!codec_) {
-            return false;
-        }
-        const AVStream* st = format_->streams[stream_];
-        if (avcodec_parameters_to_context(codec_.get(), st->codecpar) < 0) {
-            return false;
-        }
-        codec_->thread_count = 1;
-        if (avcodec_open2(codec_.get(), codec, nullptr) < 0) {
-            return false;
-        }
-        if (codec_->sample_rate <= 0 || codec_->ch_layout.nb_channels <= 0) {
-            return false;
-        }
-        frame_.reset(av_frame_alloc());
-        packet_.reset(av_packet_alloc());
-        return frame_ && packet_;
-    }
+    bool open(const std::filesystem::path& file) { return reader_.open(file); }
 
     // Whether the codec gives 16 bits or fewer per sample, which 16-bit frames keep
     // exactly (but for the rounding of a mean of channels).
     bool sixteenBits() const {
-        const AVSampleFormat f = av_get_packed_sample_fmt(codec_->sample_fmt);
+        const AVSampleFormat f = av_get_packed_sample_fmt(codec().sample_fmt);
         return f == AV_SAMPLE_FMT_U8 || f == AV_SAMPLE_FMT_S16;
     }
 
@@ -96,61 +33,34 @@ class Decoder {
     // read error part-way ends the stream: what was decoded until then is kept.
     template <typename T>
     bool decodeAll(std::vector<T>& out, int& rate) {
-        rate = codec_->sample_rate;
+        rate = codec().sample_rate;
         // Room for the whole sound at once when the container tells its length.
-        const AVStream* st = format_->streams[stream_];
-        if (st->duration > 0 && st->time_base.num > 0) {
+        const AVStream& st = reader_.stream();
+        if (st.duration > 0 && st.time_base.num > 0) {
             const std::int64_t frames =
-                av_rescale_q(st->duration, st->time_base, AVRational{1, rate});
+                av_rescale_q(st.duration, st.time_base, AVRational{1, rate});
             if (frames > 0 && static_cast<std::uint64_t>(frames) < kMaxFrames) {
                 out.reserve(static_cast<std::size_t>(frames) + 1024);
             }
         }
-        while (av_read_frame(format_.get(), packet_.get()) >= 0) {
-            const bool ours = packet_->stream_index == stream_;
-            const int sent = ours ? avcodec_send_packet(codec_.get(), packet_.get()) : 0;
-            av_packet_unref(packet_.get());
-            if (sent < 0 && sent != AVERROR(EAGAIN) && sent != AVERROR_INVALIDDATA) {
-                break;
-            }
-            if (!drain(out)) {
+        while (AVFrame* frame = reader_.next()) {
+            if (!convert(*frame, out)) {
                 return false;
             }
         }
-        avcodec_send_packet(codec_.get(), nullptr);
-        return drain(out);
+        return !reader_.failed();
     }
 
   private:
-    static bool complete(const AVCodecParameters* p) {
-        return p->codec_id != AV_CODEC_ID_NONE && p->codec_id != AV_CODEC_ID_PROBE &&
-               p->sample_rate > 0 && p->ch_layout.nb_channels > 0;
-    }
+    const AVCodecContext& codec() const { return reader_.codec(); }
 
-    template <typename T>
-    bool drain(std::vector<T>& out) {
-        for (;;) {
-            const int r = avcodec_receive_frame(codec_.get(), frame_.get());
-            if (r == AVERROR(EAGAIN) || r == AVERROR_EOF) {
-                return true;
-            }
-            if (r < 0) {
-                return r == AVERROR_INVALIDDATA;  // a damaged frame is skipped
-            }
-            const bool ok = convert(out);
-            av_frame_unref(frame_.get());
-            if (!ok) {
-                return false;
-            }
-        }
-    }
-
+  private:
     // Converts one decoded frame to planar T and appends the mean of its channels.
     template <typename T>
-    bool convert(std::vector<T>& out) {
+    bool convert(AVFrame& frame, std::vector<T>& out) {
         constexpr bool kInt16 = std::is_same_v<T, std::int16_t>;
         constexpr AVSampleFormat kPlanar = kInt16 ? AV_SAMPLE_FMT_S16P : AV_SAMPLE_FMT_FLTP;
-        AVFrame* f = frame_.get();
+        AVFrame* f = &frame;
         const int channels = f->ch_layout.nb_channels;
         if (channels <= 0 || f->nb_samples <= 0) {
             return true;
@@ -214,30 +124,18 @@ class Decoder {
         return true;
     }
 
-    std::unique_ptr<AVFormatContext, FormatCloser> format_;
-    std::unique_ptr<AVCodecContext, CodecFreer> codec_;
-    std::unique_ptr<AVFrame, FrameFreer> frame_;
-    std::unique_ptr<AVPacket, PacketFreer> packet_;
+    FfmpegReader reader_;
     std::unique_ptr<SwrContext, SwrFreer> swr_;
     int swrChannels_ = 0;
     AVSampleFormat swrFormat_ = AV_SAMPLE_FMT_NONE;
     std::vector<std::int16_t> int16Planes_;
     std::vector<float> floatPlanes_;
     std::vector<std::uint8_t*> pointers_;
-    int stream_ = -1;
 };
 
 }  // namespace
 
 std::optional<DecodedSample> decodeSampleFile(const std::filesystem::path& file) {
-    static std::once_flag quiet;
-    std::call_once(quiet, [] { av_log_set_level(AV_LOG_QUIET); });
-
-    std::error_code ec;
-    // Only plain files: a folder, a pipe or a device would fail or never end.
-    if (!std::filesystem::is_regular_file(file, ec) || ec) {
-        return std::nullopt;
-    }
     Decoder decoder;
     if (!decoder.open(file)) {
         return std::nullopt;

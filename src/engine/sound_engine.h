@@ -10,6 +10,8 @@
 
 namespace brevane {
 
+class MediaPlayer;
+
 // A loaded sample. 0 means "no sample": every call taking it then does nothing.
 using SampleHandle = std::uint32_t;
 
@@ -81,6 +83,10 @@ class SoundEngine {
     virtual void setEqualizerBand(int id, const EqualizerBandParams& p) = 0;
     virtual void setReverb(int id, const ReverbParams& p) = 0;
     virtual void setEcho(int id, const EchoParams& p) = 0;
+
+    // The music bus beside the effects: one file streamed at a time. Null where the
+    // engine has none (then the music players play nothing).
+    virtual MediaPlayer* mediaPlayer() { return nullptr; }
 };
 
 }  // namespace brevane

@@ -332,8 +332,9 @@ TEST_F(SessionStart, ConfirmExitAsksAndANoWritesNothingAndStopsNoSound) {
         (std::vector<std::string>{
             "Timersettings.tmp", "Timersettings2.tmp", "alarm.tmp",  "back.ini",    "back2.ini",
             "backc.ini",         "bwave.tmp",          "colors.tmp", "effects.tmp", "evo.ini",
-            "main.tmp",          "mainb.tmp",          "opti.tmp",   "rand.ini",    "rand2.ini",
-            "rand3.ini",         "rand4.ini",          "randc.ini",  "scard.tmp",   "states.tmp"}));
+            "main.tmp",          "mainb.tmp",          "mp3.tmp",    "opti.tmp",    "rand.ini",
+            "rand2.ini",         "rand3.ini",          "rand4.ini",  "randc.ini",   "scard.tmp",
+            "states.tmp"}));
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "ui/core/tips_view.h"
 #include "ui/core/tray_view.h"
 #include "ui/fx/effects_view.h"
+#include "ui/media/mp3_view.h"
 #include "ui/scenarios/import_view.h"
 #include "ui/scheduling/alarm_view.h"
 #include "ui/scheduling/scheduler_view.h"
@@ -48,6 +49,12 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.frmevolve.window, std::make_unique<EvolveView>(app.frmevolve));
     add(app.frmbwave.window, std::make_unique<BwaveView>(app.frmbwave));
     add(app.frmeffects.window, std::make_unique<EffectsView>(app.frmeffects));
+    auto player = std::make_unique<Mp3View>(app.frmmainmp3);
+    auto list = std::make_unique<Mp3ListView>(app.frmmainmp3.frmList, *player);
+    add(app.frmmainmp3.window, std::move(player));
+    add(app.frmmainmp3.frmList.window, std::move(list));
+    add(app.frmmainmp3.Formmp3adddir.window,
+        std::make_unique<Mp3FolderView>(app.frmmainmp3.Formmp3adddir));
     add(app.Alarm.window, std::make_unique<AlarmView>(app.Alarm));
     add(app.Timers.window, std::make_unique<SchedulerView>(app.Timers));
     add(app.frmaddscenariodirectory.window,
