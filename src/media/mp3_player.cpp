@@ -271,6 +271,10 @@ Frmmainmp3::Frmmainmp3(Application& app)
         if (p != nullptr && p->takeEnded()) {
             trackEnded();
         }
+        // Asked only while something plays: a player left alone wakes nothing for hours.
+        if (p == nullptr || !p->playing()) {
+            watch.setEnabled(false);
+        }
     };
 }
 
@@ -283,7 +287,6 @@ void Frmmainmp3::load() {
     frmList.load();
     Formmp3adddir.load();
     hscroll1.setValue(app_.frmmain.MP3.value());
-    watch.setEnabled(true);
 }
 
 void Frmmainmp3::unload() {
@@ -312,6 +315,7 @@ void Frmmainmp3::applyVolume() {
 
 void Frmmainmp3::play() {
     Timer1.setEnabled(true);
+    watch.setEnabled(true);
     applyVolume();
     ListBox& shown = frmList.List1;
     if (shown.listIndex() < 0) {

@@ -11,7 +11,7 @@
 // copies it to List2 before it reads a path.
 //
 // Not thread-safe: the panels live on the event thread. The end of a track reaches the
-// player through its watch timer, which asks the bus whether it ended.
+// player through its watch timer, which asks the bus whether it ended while a track plays.
 
 #include <filesystem>
 #include <optional>
