@@ -45,7 +45,11 @@ Application::Application(const Platform& platform)
       frmDemo(*this),
       Frmcolorpicker(*this),
       frmmainmp3(*this),
-      media(*this) {}
+      media(*this),
+      frmremote2(*this),
+      Form1(*this),
+      Formfolderselect(*this),
+      form999(*this) {}
 
 Application::~Application() = default;
 
@@ -81,7 +85,7 @@ std::vector<MixGroupFollower*> Application::groupFollowers() {
     // The console's order: frmback, frmback2, frmremote2, frmrandommain, frmbackcustom,
     // frmcustom, frmrandommain2, frmrandommain3, frmrandommain4. Panels not yet in the
     // program join at their place.
-    return {&frmback,   &frmback2,       &frmrandommain,  &frmbackcustom,
+    return {&frmback,   &frmback2,       &frmremote2,     &frmrandommain, &frmbackcustom,
             &frmcustom, &frmrandommain2, &frmrandommain3, &frmrandommain4};
 }
 
@@ -107,12 +111,27 @@ std::vector<PanelColours*> Application::paintedPanels() {
     for (RandomBank* bank : randomBanks()) {
         panels.push_back(&bank->colours);
     }
-    for (PanelColours* c :
-         {&frmcustom.colours, &Form3.colours, &Form33.colours, &Frmsoundindent.colours,
-          &Form2.colours, &Frmimport.colours, &FRMOPTIONS.colours, &Formtips.colours,
-          &frmevolve.colours, &frmbwave.colours, &frmeffects.colours, &Alarm.colours,
-          &Timers.colours, &frmaddscenariodirectory.colours, &Frmcolorpicker.colours,
-          &frmmainmp3.colours, &frmmainmp3.frmList.colours, &frmmainmp3.Formmp3adddir.colours}) {
+    for (PanelColours* c : {&frmcustom.colours,
+                            &Form3.colours,
+                            &Form33.colours,
+                            &Frmsoundindent.colours,
+                            &Form2.colours,
+                            &Frmimport.colours,
+                            &FRMOPTIONS.colours,
+                            &Formtips.colours,
+                            &frmevolve.colours,
+                            &frmbwave.colours,
+                            &frmeffects.colours,
+                            &Alarm.colours,
+                            &Timers.colours,
+                            &frmaddscenariodirectory.colours,
+                            &Frmcolorpicker.colours,
+                            &frmmainmp3.colours,
+                            &frmmainmp3.frmList.colours,
+                            &frmmainmp3.Formmp3adddir.colours,
+                            &frmremote2.colours,
+                            &Formfolderselect.colours,
+                            &Formfolderselect.folderselect.colours}) {
         panels.push_back(c);
     }
     return panels;
@@ -145,6 +164,10 @@ void Application::unloadPanels() {
     // Frmcolorpicker, and the remaining panels. Each bank writes its session copy as it
     // unloads.
     Alarm.unload();
+    Form1.unload();
+    form999.unload();
+    Formfolderselect.unload();
+    frmremote2.unload();
     frmaddscenariodirectory.unload();
     frmmain.unload();
     Form3.unload();

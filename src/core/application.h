@@ -28,6 +28,7 @@
 #include "core/mix_group.h"
 #include "core/options_panel.h"
 #include "core/platform.h"
+#include "core/remote.h"
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
 #include "fx/frmeffects.h"
@@ -39,6 +40,8 @@
 #include "shell/colour_scheme.h"
 #include "shell/frmdemo.h"
 #include "shell/panel_colours.h"
+#include "visuals/panoramic.h"
+#include "visuals/slideshow.h"
 #include "weather/frmevolve.h"
 
 namespace brevane {
@@ -105,6 +108,10 @@ class Application {
     std::string nightStatus = "Disabled";
     // The options' inactivity time, taken at start.
     int InactivitySeconds = 0;
+    // Loop time of the user's last key or pointer movement, which the visuals' inactivity
+    // watch measures from.
+    std::int64_t lastInputMs = 0;
+    void noteInput() { lastInputMs = loop.now(); }
 
     // The panels. Constructors only wire handlers; each panel's load does its work.
     StartupSplash STARTUP;
@@ -145,6 +152,12 @@ class Application {
     Frmmainmp3 frmmainmp3;
     // The soundscape as the desktop's media keys and player applets see it.
     MediaControl media;
+    // The compact remote, which can stand in for the console.
+    Frmremote2 frmremote2;
+    // The visuals: the slideshow and its selector, and the panoramic view.
+    Slideshow Form1;
+    SlideshowSelector Formfolderselect;
+    Panoramic form999;
 
     // The program's first act: the splash, whose timer starts the load.
     void start();

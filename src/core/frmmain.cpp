@@ -39,8 +39,12 @@ Frmmain::Frmmain(Application& app)
     QuitCommand.setCaption("Quit");
     QuitCommand.onClick = [this] {
         if (app_.FRMOPTIONS.confirmExit.checked()) {
-            // The slideshow closes and the panoramic hides before the question, once
-            // they are in the program. A No leaves everything as it was.
+            // The slideshow closes and the panoramic hides before the question; a No
+            // leaves the rest as it was.
+            if (app_.Form1.window.visible()) {
+                app_.Form1.unload();
+            }
+            app_.form999.window.hide();
             if (!app_.dialogs.askYesNo(kReallyQuitText)) {
                 return;
             }
@@ -141,6 +145,11 @@ void Frmmain::load() {
     //     frmDemo (its list, colors.tmp, and Apply once, so every panel paints from the
     //     restored scheme), checklcd; then the splash goes and the console takes its
     //     place.
+    app_.frmremote2.load();
+    app_.Formfolderselect.load();
+    if (carry.remoteCaption.empty()) {
+        carry.remoteCaption = kRemoteScenarioPrefix + app_.CurrentScenarioName;
+    }
     app_.Frmcolorpicker.load();
     app_.frmDemo.load();
     app_.frmDemo.apply();
@@ -301,6 +310,9 @@ void Frmmain::quitWithoutAsking() {
     app_.hideBanks();
     app_.Frmsoundindent.window.hide();
     app_.Form2.window.hide();
+    app_.frmremote2.window.hide();
+    app_.Form1.window.hide();
+    app_.form999.window.hide();
 
     // 3. states.tmp: the five session flags.
     writeSessionStates();

@@ -28,7 +28,9 @@ void Frmmain::wireConsole() {
     mp3Button.onClick = [this] { app_.frmmainmp3.open(); };
     placeholder(cdButton, "CD");
     placeholder(exportButton, "Export");
-    placeholder(switchToControllerButton, "Switch to controller");
+    switchToControllerButton.setCaption("Switch to controller");
+    switchToControllerButton.setToolTip("Put the small remote in the console's place");
+    switchToControllerButton.onClick = [this] { app_.frmremote2.switchToController(); };
     importButton.setCaption("Import");
     importButton.setToolTip("Install a packaged scenario");
     importButton.onClick = [this] { app_.Frmimport.window.show(); };
@@ -125,15 +127,15 @@ void Frmmain::setMasterFloor(int low) {
 
 void Frmmain::buildTrayMenu() {
     mnutray.setCaption("mnutray");
-    // The visuals and the remote join with their panels.
-    mnutray.addEntry("Slideshow").setEnabled(false);
+    mnutray.addEntry("Slideshow").onClick = [this] { app_.Form1.start(); };
+    // There are no movies: the entry stays greyed.
     mnutray.addEntry("Movie").setEnabled(false);
-    mnutray.addEntry("Panoramic").setEnabled(false);
+    mnutray.addEntry("Panoramic").onClick = [this] { app_.form999.start(); };
     mnutray.addSeparator();
     mnuScenario_ = &mnutray.addEntry("Scenario");
     mnuMute_ = &mnutray.addEntry("Mute");
     mnuMute_->onClick = [this] { mute(); };
-    mnutray.addEntry("Show Remote").setEnabled(false);
+    mnutray.addEntry("Show Remote").onClick = [this] { app_.frmremote2.showRemote(); };
     MenuEntry& showMain = mnutray.addEntry("Show Main");
     showMain.onClick = [this] { window.show(); };
     MenuEntry& quit = mnutray.addEntry("Quit App");

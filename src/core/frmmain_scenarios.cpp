@@ -232,12 +232,20 @@ void Frmmain::loadmainsettings(const std::string& name, const fs::path& from) {
                                        !r.slideshowFolder.empty()
                                    ? r.slideshowFolder
                                    : std::string(kDefaultSlideshow);
+        // An open slideshow moves to the scenario's at once.
+        app_.frmremote2.pointAtSlideshow(carry.slideshowLabel);
+        if (app_.Form1.window.visible()) {
+            app_.Form1.dochange();
+        }
     }
     if (read.has(10)) {
         carry.slideshowSecondEntry = r.slideshowSecondEntry;
     }
     if (read.has(11)) {
-        carry.panoramicLabel = r.panoramicName;
+        app_.frmremote2.setPanoramic(r.panoramicName);
+        if (app_.form999.window.visible()) {
+            app_.form999.loadthepicture();
+        }
     }
     if (read.has(12)) {
         carry.scenarioFlag = r.scenarioFlag;

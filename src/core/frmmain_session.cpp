@@ -135,7 +135,7 @@ void Frmmain::readMainbAtLoad() {
         }
     }
     if (read.has(32)) {
-        carry.remoteFolder = r.remoteFolder;
+        app_.frmremote2.slideshowFolder.setText(r.remoteFolder);
     }
     if (read.has(33)) {
         carry.remoteCaption = r.remoteCaption;
@@ -186,17 +186,26 @@ void Frmmain::readMainbAtLoad() {
         app_.Timers.playlistName.setCaption(r.schedulerCaption);
         updatelcdplaylist(r.schedulerCaption);
     }
+    // The remote's visual settings: the time per picture and the panoramic's name, the
+    // unit of the time, the panoramic's speed and where the slideshow had got to.
+    Frmremote2& remote = app_.frmremote2;
+    TextBox* const texts[] = {&remote.Text1, &remote.Text2};
+    OptionButton* const options[] = {&remote.Option1, &remote.Option2};
     for (int i = 0; i < 2; ++i) {
         const auto u = static_cast<std::size_t>(i);
-        if (read.has(44 + i)) {
-            carry.remoteTexts[u] = r.remoteTexts[u];
+        // A blank text (a session from before the remote) keeps the remote's own.
+        if (read.has(44 + i) && !r.remoteTexts[u].empty()) {
+            texts[i]->setText(r.remoteTexts[u]);
         }
-        if (read.has(46 + i)) {
-            carry.remoteOptions[u] = r.remoteOptions[u];
+        if (read.has(46 + i) && r.remoteOptions[u]) {
+            options[i]->setValue(true);
         }
-        if (read.has(48 + i)) {
-            carry.remoteScrolls[u] = r.remoteScrolls[u];
-        }
+    }
+    if (read.has(48)) {
+        remote.speed.setValue(r.remoteScrolls[0]);
+    }
+    if (read.has(49)) {
+        app_.Form1.imageNumber = static_cast<std::int16_t>(r.remoteScrolls[1]);
     }
     if (read.has(50)) {
         carry.brainwaveList = r.brainwaveList;
@@ -264,6 +273,12 @@ void Frmmain::recallprevious() {
     if (read.has(2)) {
         app_.CurrentScenarioName = r.scenarioName;
     }
+    // The remote's slideshow is the one the label names.
+    app_.frmremote2.pointAtSlideshow(carry.slideshowLabel.empty() ? std::string(kDefaultSlideshow)
+                                                                  : carry.slideshowLabel);
+    if (!carry.panoramicLabel.empty()) {
+        app_.frmremote2.setPanoramic(carry.panoramicLabel);
+    }
     checklcd();
     // The delayed return below goes by the flags as the session left them, whatever
     // hides the console meanwhile ("Minimize on startup").
@@ -271,9 +286,15 @@ void Frmmain::recallprevious() {
     recalledMainShown_ = app_.MainShown;
     Timershowoldform.setEnabled(true);
 
-    // The panoramic and the slideshow start here, by PanoramicShown and
-    // SlideshowShown, once the visuals are in the program; the remote shows by
-    // RemoteShown.
+    if (app_.PanoramicShown) {
+        app_.form999.start();
+    }
+    if (app_.SlideshowShown) {
+        app_.Form1.start();
+    }
+    if (app_.RemoteShown) {
+        app_.frmremote2.showRemote();
+    }
     if (app_.MainShown) {
         window.show();
     } else {
@@ -283,9 +304,12 @@ void Frmmain::recallprevious() {
 
 void Frmmain::showOldFormTick() {
     Timershowoldform.setEnabled(false);
-    // The remote comes back here when RemoteShown, once it is in the program; the
-    // console when it was the interface.
-    if (!recalledRemoteShown_ && recalledMainShown_) {
+    // The remote comes back when it stood in for the console; else the console when
+    // it was the interface.
+    if (recalledRemoteShown_) {
+        app_.frmremote2.showRemote();
+        app_.RemoteShown = true;
+    } else if (recalledMainShown_) {
         window.show();
     }
 }
@@ -302,8 +326,8 @@ void Frmmain::firstRunTick() {
 
 void Frmmain::minimizeTick() {
     Timer10.setEnabled(false);
-    // The remote hides here too once it is in the program.
     window.hide();
+    app_.frmremote2.window.hide();
 }
 
 // ---- quit ----
@@ -330,7 +354,7 @@ MainbRecord Frmmain::mainbRecord() const {
         r.colours[c] = colourText(scheme[c]);
     }
     r.hiddenConsoleFields = carry.hiddenConsoleFields;
-    r.remoteFolder = carry.remoteFolder;
+    r.remoteFolder = app_.frmremote2.slideshowFolder.text();
     r.remoteCaption = carry.remoteCaption;
     r.slideshowLabel = carry.slideshowLabel;
     r.customRandomAuto = app_.frmcustom.autoButton.value();
@@ -339,9 +363,10 @@ MainbRecord Frmmain::mainbRecord() const {
     r.presetListName = PresetListName;
     r.remoteCaptionAgain = carry.remoteCaption;
     r.schedulerCaption = app_.Timers.playlistName.caption();
-    r.remoteTexts = carry.remoteTexts;
-    r.remoteOptions = carry.remoteOptions;
-    r.remoteScrolls = carry.remoteScrolls;
+    const Frmremote2& remote = app_.frmremote2;
+    r.remoteTexts = {remote.Text1.text(), remote.Text2.text()};
+    r.remoteOptions = {remote.Option1.value(), remote.Option2.value()};
+    r.remoteScrolls = {remote.speed.value(), app_.Form1.imageNumber};
     r.brainwaveList = carry.brainwaveList;
     return r;
 }

@@ -77,6 +77,7 @@ void Frmmain::loadlcd6() {
 }
 
 void Frmmain::checklcd() {
+    app_.frmremote2.refreshSoon();
     LCD1.setLine(3, app_.CurrentScenarioName);
     updatelcd4();
     const std::string& list = PresetListName;

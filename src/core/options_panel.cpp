@@ -43,6 +43,7 @@ OptionsPanel::OptionsPanel(Application& app) : app_(app) {
         "Show window contents while dragging     ( Turn off to improve performance )");
     launchOnBoot.setCaption("Launch program automatically on boot");
     launchOnBoot.onClick = [this] { launchOnBootClicked(); };
+    secondMonitor.setCaption("Show visuals on monitor 2 ( Dual monitor setup only )");
 
     applyButton.setCaption("Apply");
     applyButton.onClick = [this] { apply(); };
@@ -59,6 +60,7 @@ void OptionsPanel::showPage(Label& frame) {
 }
 
 void OptionsPanel::load() {
+    secondMonitor.setChecked(app_.settings.value(kVisualsSection, kSecondMonitorKey) == "1");
     inactivityTime.clear();
     for (const char* t : kInactivityTimes) {
         inactivityTime.addItem(t);
@@ -160,6 +162,7 @@ std::string OptionsPanel::optionsRecord() const {
 
 void OptionsPanel::unload() {
     writeFileAtomically(app_.appPath / kOptionsFile, optionsRecord());
+    app_.settings.setValue(kVisualsSection, kSecondMonitorKey, secondMonitor.checked() ? "1" : "0");
 }
 
 void OptionsPanel::apply() {

@@ -72,6 +72,11 @@ class OptionsPanel {
     CheckBox dragContents;
 
     CheckBox launchOnBoot;
+    // "Show visuals on monitor 2 ( Dual monitor setup only )": the slideshow and the
+    // panoramic fill the second screen when there is one. Kept in the settings store.
+    CheckBox secondMonitor;
+    static constexpr const char* kVisualsSection = "Visuals";
+    static constexpr const char* kSecondMonitorKey = "SecondMonitor";
 
     // Soundcard Select.
     ListBox soundDevices;

@@ -132,7 +132,6 @@ struct MainbRecord {
 // comes.
 struct SessionCarry {
     std::array<std::string, 4> hiddenConsoleFields{};
-    std::string remoteFolder;
     std::string remoteCaption;
     std::string slideshowLabel;
     std::string panoramicLabel;
@@ -140,9 +139,6 @@ struct SessionCarry {
     std::string remoteScenarioCaption;
     std::string slideshowSecondEntry;
     std::string scenarioFlag;
-    std::array<std::string, 2> remoteTexts{};
-    std::array<bool, 2> remoteOptions{};
-    std::array<int, 2> remoteScrolls{};
     std::string brainwaveList;
     // The remote's scheduler line ("Scheduler Off", "Scheduler: On - Next: 5mins"); kept
     // for the remote, in no file.

@@ -42,6 +42,7 @@ class PanelColours : public SchemePaint {
 
     // The panel-open flag: its window is on screen.
     bool open() const { return window_.visible(); }
+    PanelWindow& window() const { return window_; }
     // The panel's docolors.
     void docolors();
 

@@ -101,10 +101,10 @@ class Console : public ::testing::Test {
 TEST_F(Console, EveryGroupReachesEveryCopyInTheConsolesOrderAndThenItsHooks) {
     Application& app = start();
     const std::vector<MixGroupFollower*> followers = app.groupFollowers();
-    // The remote joins third when it comes.
     const std::vector<MixGroupFollower*> order{
-        &app.frmback,   &app.frmback2,       &app.frmrandommain,  &app.frmbackcustom,
-        &app.frmcustom, &app.frmrandommain2, &app.frmrandommain3, &app.frmrandommain4};
+        &app.frmback,        &app.frmback2,       &app.frmremote2,
+        &app.frmrandommain,  &app.frmbackcustom,  &app.frmcustom,
+        &app.frmrandommain2, &app.frmrandommain3, &app.frmrandommain4};
     ASSERT_EQ(followers, order);
 
     // Each write as (follower, value); a hook's call as (nullptr, value).

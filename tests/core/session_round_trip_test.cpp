@@ -100,11 +100,12 @@ TEST_F(SessionRoundTrip, AMixComesBackWholeAtTheNextStart) {
         colours += "\"" + colourText(c) + "\",";
     }
     EXPECT_EQ(fileText(at("mainb.tmp")), "60,80,70,3000,7,\"Forest Rain\"," + unassigned + colours +
-                                             "\"\",\"\",\"\",\"\",\"\",\"\",\"\","
+                                             "\"\",\"\",\"\",\"\",\"Default\",\"Scenario: \",\"\","
                                              "#FALSE#,#TRUE#,"
                                              "\"Night Sea\",\"Night Sea\",\"Thunder\","
-                                             "\"Summer Storm\",\"\",\"\",\"Not Named\","
-                                             "\"\",\"\",#FALSE#,#FALSE#,0,0,\"\"\r\n");
+                                             "\"Summer Storm\",\"\",\"Scenario: \",\"Not Named\","
+                                             // The remote's visual settings, as it starts.
+                                             "\"1\",\"Default\",#TRUE#,#FALSE#,420,0,\"\"\r\n");
     EXPECT_EQ(fileText(at("opti.tmp")), "1,1,1,1,1,\"60\",0,0,0\r\n");
     const ColourScheme look = programLook();
     EXPECT_EQ(fileText(at("colors.tmp")),

@@ -13,6 +13,7 @@
 #include "ui/core/hotkeys_binding.h"
 #include "ui/core/main_window.h"
 #include "ui/core/options_view.h"
+#include "ui/core/remote_view.h"
 #include "ui/core/splash_view.h"
 #include "ui/core/tips_view.h"
 #include "ui/core/tray_view.h"
@@ -23,10 +24,38 @@
 #include "ui/scheduling/scheduler_view.h"
 #include "ui/shell/colour_picker_view.h"
 #include "ui/shell/demo_view.h"
+#include "ui/visuals/visual_views.h"
 #include "ui/weather/evolve_view.h"
 #include "ui/widgets/program_icon.h"
 
 namespace brevane {
+
+namespace {
+
+// The visuals' inactivity watch measures from the user's last key or pointer movement
+// anywhere in the program.
+class InputWatch final : public QObject {
+  public:
+    explicit InputWatch(Application& app) : app_(app) {}
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::KeyPress:
+            case QEvent::MouseMove:
+            case QEvent::MouseButtonPress:
+            case QEvent::Wheel:
+                app_.noteInput();
+                break;
+            default:
+                break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    Application& app_;
+};
+
+}  // namespace
 
 ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     QApplication::setWindowIcon(programIcon());
@@ -63,6 +92,15 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     add(app.frmDemo.window, std::make_unique<DemoView>(app.frmDemo));
     add(app.Frmcolorpicker.window, std::make_unique<ColourPickerView>(app.Frmcolorpicker));
+    add(app.frmremote2.window, std::make_unique<RemoteView>(app.frmremote2));
+    add(app.Form1.window, std::make_unique<SlideshowView>(app, app.Form1));
+    add(app.form999.window, std::make_unique<PanoramicView>(app, app.form999));
+    add(app.Formfolderselect.window,
+        std::make_unique<SlideshowSelectorView>(app, app.Formfolderselect));
+    add(app.Formfolderselect.folderselect.window,
+        std::make_unique<SlideshowPickerView>(app.Formfolderselect.folderselect));
+    inputWatch_ = std::make_unique<InputWatch>(app);
+    qApp->installEventFilter(inputWatch_.get());
     bindProgramHotkeys(app, *mainWindow_);
     // Every window answers Alt with its buttons' letters, so it works from the keyboard.
     for (QWidget* window : windows()) {
@@ -80,6 +118,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
 
 ApplicationViews::~ApplicationViews() {
     app_.placeWindow = nullptr;
+    qApp->removeEventFilter(inputWatch_.get());
 }
 
 void ApplicationViews::add(const PanelWindow& panel, std::unique_ptr<QWidget> window) {

@@ -42,6 +42,8 @@ class ApplicationViews {
     std::vector<std::unique_ptr<QWidget>> windows_;
     std::map<const PanelWindow*, QWidget*> byPanel_;
     std::unique_ptr<TrayView> tray_;
+    // Tells the Application of each key and pointer movement, for the visuals.
+    std::unique_ptr<QObject> inputWatch_;
 };
 
 }  // namespace brevane

@@ -21,6 +21,7 @@
 #include "ui/core/tray_view.h"
 #include "ui/platform/qt_text.h"
 #include "ui/widgets/lcd_display_widget.h"
+#include "ui/widgets/slider_row.h"
 #include "ui/widgets/style.h"
 
 namespace brevane {
@@ -32,41 +33,7 @@ namespace {
 constexpr int kLcdColumns = 30;
 constexpr int kLcdCaptionColumns = 10;
 constexpr int kFaderHeight = 190;
-constexpr int kFaderWidth = 62;
 constexpr int kButtonWidth = 112;
-
-// One fader of the mix: its value above, the slider, its name below.
-QWidget* fader(Slider& control, const QString& name, QWidget* parent) {
-    auto* column = new QWidget(parent);
-    column->setMinimumWidth(
-        std::max(kFaderWidth, column->fontMetrics().horizontalAdvance(name) + style::kSpacing));
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(style::kSpacing);
-
-    auto* value = new QLabel(column);
-    value->setAlignment(Qt::AlignHCenter);
-    value->setFont(style::smallFont());
-    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
-    showValue(control, *value);
-
-    auto* slider = new QSlider(Qt::Vertical, column);
-    slider->setMinimumHeight(kFaderHeight);
-    slider->setTickPosition(QSlider::TicksRight);
-    // Ten steps of ticks whatever the range: the MP3 fader runs to 5000.
-    slider->setTickInterval(std::max(1, (control.high() - control.low() + 1) / 10));
-    slider->setAccessibleName(name);
-    slider->setToolTip(name);
-    bindWidget(control, *slider);
-
-    auto* caption = new QLabel(name, column);
-    caption->setAlignment(Qt::AlignHCenter);
-
-    layout->addWidget(value);
-    layout->addWidget(slider, 1, Qt::AlignHCenter);
-    layout->addWidget(caption);
-    return column;
-}
 
 QPushButton* button(CommandButton& control, QWidget* parent, int minWidth = kButtonWidth) {
     auto* b = new QPushButton(parent);
@@ -93,12 +60,13 @@ QWidget* mixSection(Frmmain& console, QWidget* parent) {
     style::applySpacing(*layout);
     auto* faders = new QHBoxLayout();
     faders->setSpacing(style::kSpacing);
-    faders->addWidget(fader(console.Master, QStringLiteral("Master"), mix));
-    faders->addWidget(fader(console.Background, QStringLiteral("Background"), mix));
-    faders->addWidget(fader(console.Random, QStringLiteral("Random"), mix));
-    faders->addWidget(fader(console.MP3, QStringLiteral("MP3"), mix));
-    faders->addWidget(fader(console.CD, QStringLiteral("CD"), mix));
-    faders->addWidget(fader(console.Bwaves, QStringLiteral("Bwaves"), mix));
+    faders->addWidget(verticalFader(console.Master, QStringLiteral("Master"), kFaderHeight, mix));
+    faders->addWidget(
+        verticalFader(console.Background, QStringLiteral("Background"), kFaderHeight, mix));
+    faders->addWidget(verticalFader(console.Random, QStringLiteral("Random"), kFaderHeight, mix));
+    faders->addWidget(verticalFader(console.MP3, QStringLiteral("MP3"), kFaderHeight, mix));
+    faders->addWidget(verticalFader(console.CD, QStringLiteral("CD"), kFaderHeight, mix));
+    faders->addWidget(verticalFader(console.Bwaves, QStringLiteral("Bwaves"), kFaderHeight, mix));
     layout->addLayout(faders, 1);
     layout->addSpacing(style::kSpacing);
     // Master Stop silences everything: a warm border sets it apart from the panel

@@ -72,6 +72,7 @@ OptionsView::OptionsView(OptionsPanel& panel, QWidget* parent) : QWidget(parent,
     addCheck(panel.colourWithScenario, *program);
     addCheck(panel.colourOnRemote, *program);
     addCheck(panel.autoHide, *program);
+    addCheck(panel.secondMonitor, *program);
     auto* inactivityRow = new QHBoxLayout();
     auto* inactivityLabel = new QLabel(program);
     bindWidget(panel.inactivityLabel, *inactivityLabel);

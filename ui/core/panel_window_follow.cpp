@@ -112,6 +112,11 @@ void followColours(SchemePaint& paint, QWidget& widget) {
     new ColoursFollower(paint, widget);
 }
 
+void followControl(Control& control, QObject& owner, std::function<void()> onChange) {
+    const Control::WatchId id = control.watch(std::move(onChange));
+    QObject::connect(&owner, &QObject::destroyed, [&control, id] { control.unwatch(id); });
+}
+
 void showValue(RangeControl& control, QLabel& label) {
     new ValueReadout(control, label);
 }

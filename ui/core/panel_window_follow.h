@@ -35,6 +35,9 @@ void followPanelWindow(PanelWindow& panel, QWidget& window, std::function<void()
 // the program's own look.
 void followColours(SchemePaint& paint, QWidget& widget);
 
+// Runs `onChange` on every change of `control` for as long as `owner` lives.
+void followControl(Control& control, QObject& owner, std::function<void()> onChange);
+
 // Keeps `label` showing the control's value as a number.
 void showValue(RangeControl& control, QLabel& label);
 

@@ -15,6 +15,7 @@
 #include "ui/core/kept_window_position.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/platform/qt_text.h"
+#include "ui/widgets/dialog_layout.h"
 #include "ui/widgets/lcd_display_widget.h"
 #include "ui/widgets/slider_row.h"
 #include "ui/widgets/style.h"
@@ -25,18 +26,10 @@ namespace {
 
 constexpr int kLcdColumns = 34;
 
-QVBoxLayout* rootLayout(QWidget* window) {
-    auto* root = new QVBoxLayout(window);
-    root->setContentsMargins(style::kSectionGap, style::kSectionGap, style::kSectionGap,
-                             style::kMargin);
-    root->setSpacing(style::kSpacing);
-    return root;
-}
-
 }  // namespace
 
 Mp3View::Mp3View(Frmmainmp3& panel, QWidget* parent) : QWidget(parent, Qt::Window) {
-    auto* root = rootLayout(this);
+    auto* root = panelLayout(this);
     root->addWidget(
         new LcdDisplayWidget(panel.LCD1, LcdDisplayWidget::Layout::Lines, kLcdColumns, 0, this));
 
@@ -69,7 +62,7 @@ Mp3View::Mp3View(Frmmainmp3& panel, QWidget* parent) : QWidget(parent, Qt::Windo
 
 Mp3ListView::Mp3ListView(FrmList& panel, QWidget& player, QWidget* parent)
     : QWidget(parent, Qt::Window) {
-    auto* root = rootLayout(this);
+    auto* root = panelLayout(this);
     auto* list = new QListWidget(this);
     list->setAccessibleName(qtText(panel.window.caption()));
     list->setMinimumHeight(180);
@@ -102,7 +95,7 @@ Mp3ListView::Mp3ListView(FrmList& panel, QWidget& player, QWidget* parent)
 }
 
 Mp3FolderView::Mp3FolderView(Mp3FolderPanel& panel, QWidget* parent) : QWidget(parent, Qt::Window) {
-    auto* root = rootLayout(this);
+    auto* root = panelLayout(this);
     root->addWidget(bound<QLabel>(panel.folderLabel, this));
     auto* folderRow = new QHBoxLayout();
     auto* path = new QLineEdit(this);
@@ -118,13 +111,7 @@ Mp3FolderView::Mp3FolderView(Mp3FolderPanel& panel, QWidget* parent) : QWidget(p
     bindWidget(panel.File1, *files);
     root->addWidget(files, 1);
 
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch(1);
-    auto* ok = bound<QPushButton>(panel.okButton, this);
-    ok->setDefault(true);
-    buttons->addWidget(ok);
-    buttons->addWidget(bound<QPushButton>(panel.cancelButton, this));
-    root->addLayout(buttons);
+    addDialogButtons(*root, panel.okButton, panel.cancelButton, this);
     resize(420, 360);
 
     followPanelWindow(panel.window, *this, OnClose::HidePanel);

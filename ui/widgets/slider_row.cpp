@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QSlider>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "ui/binding/bindings.h"
@@ -13,7 +14,8 @@ namespace brevane {
 
 namespace {
 constexpr int kSliderWidth = 180;
-}
+constexpr int kFaderWidth = 62;
+}  // namespace
 
 QSlider* horizontalSlider(Slider& control, const QString& name, QWidget* parent) {
     auto* s = new QSlider(Qt::Horizontal, parent);
@@ -45,6 +47,38 @@ QLabel* boldLabel(const QString& text, QWidget* parent) {
     bold.setBold(true);
     label->setFont(bold);
     return label;
+}
+
+QWidget* verticalFader(Slider& control, const QString& name, int height, QWidget* parent) {
+    auto* column = new QWidget(parent);
+    column->setMinimumWidth(
+        std::max(kFaderWidth, column->fontMetrics().horizontalAdvance(name) + style::kSpacing));
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(style::kSpacing);
+
+    auto* value = new QLabel(column);
+    value->setAlignment(Qt::AlignHCenter);
+    value->setFont(style::smallFont());
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
+    showValue(control, *value);
+
+    auto* slider = new QSlider(Qt::Vertical, column);
+    slider->setMinimumHeight(height);
+    slider->setTickPosition(QSlider::TicksRight);
+    // Ten steps of ticks whatever the range: the MP3 fader runs to 5000.
+    slider->setTickInterval(std::max(1, (control.high() - control.low() + 1) / 10));
+    slider->setAccessibleName(name);
+    slider->setToolTip(name);
+    bindWidget(control, *slider);
+
+    auto* caption = new QLabel(name, column);
+    caption->setAlignment(Qt::AlignHCenter);
+
+    layout->addWidget(value);
+    layout->addWidget(slider, 1, Qt::AlignHCenter);
+    layout->addWidget(caption);
+    return column;
 }
 
 }  // namespace brevane

@@ -21,6 +21,9 @@ QLabel* valueLabel(RangeControl& control, QWidget* parent,
 // Caption, slider and value in columns 0, 1 and 2 of `row`.
 void sliderRow(QGridLayout& grid, int row, Slider& control, const QString& caption,
                QWidget* parent);
+// One fader of the mix: its value above, the vertical slider at least `height` tall,
+// its name below.
+QWidget* verticalFader(Slider& control, const QString& name, int height, QWidget* parent);
 // A caption in bold, heading a group of rows.
 QLabel* boldLabel(const QString& text, QWidget* parent);
 
