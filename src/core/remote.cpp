@@ -91,6 +91,8 @@ Frmremote2::Frmremote2(Application& app) : Timer3(app.loop, kRefreshMs), app_(ap
 void Frmremote2::load() {
     position = readWindowPosition(app_.settings, kSettingsSection);
     app_.frmmain.mnuMute().watch([this] { muteButton.setValue(app_.frmmain.muted()); });
+    // The MP3 player's track shows here as it changes.
+    app_.frmmainmp3.LCD1.watch([this] { refreshSoon(); });
     pointAtSlideshow(slideshowFolder.text());
 }
 
@@ -141,8 +143,6 @@ void Frmremote2::refresh() {
     presetsCaption.setCaption("Presets: " + console.PresetListName);
     brainwavesCaption.setCaption(app_.frmbwave.playing() ? "Brainwaves: " + console.LCD8.line(3)
                                                          : std::string("Brainwaves: Inactive"));
-    alarmCaption.setCaption(console.carry.remoteAlarmLabel);
-    schedulerCaption.setCaption(console.carry.remoteSchedulerLabel);
     const std::string& track = app_.frmmainmp3.LCD1.line(1);
     mp3Caption.setCaption(track.empty() ? std::string(kNoMp3) : track);
     muteButton.setValue(console.muted());

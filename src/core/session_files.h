@@ -126,10 +126,10 @@ struct MainbRecord {
     std::string& colour(SchemeColour which) { return colours[static_cast<std::size_t>(which)]; }
 };
 
-// Values of the session whose panels are not in the program yet (the remote, the visuals, the
-// scheduler and the brainwaves). The console keeps them from the files read at start to the files
-// written at quit, so a session passes through whole; each moves to its panel when the panel
-// comes.
+// Values of the session the console itself keeps: its hidden fields, the remote's scenario
+// caption, the slideshow and panoramic labels, the scenario's extra fields and the beat
+// generator's list text. They pass from the files read at start to the files written at quit,
+// so a session comes through whole.
 struct SessionCarry {
     std::array<std::string, 4> hiddenConsoleFields{};
     std::string remoteCaption;
@@ -140,12 +140,6 @@ struct SessionCarry {
     std::string slideshowSecondEntry;
     std::string scenarioFlag;
     std::string brainwaveList;
-    // The remote's scheduler line ("Scheduler Off", "Scheduler: On - Next: 5mins"); kept
-    // for the remote, in no file.
-    std::string remoteSchedulerLabel = "Scheduler Off";
-    // The remote's alarm line ("Alarm: Off", "Alarm: 07:30:00", "Alarm Playing"); kept
-    // for the remote, in no file.
-    std::string remoteAlarmLabel = "Alarm: Not Set";
 };
 
 std::string writeSoundCardFile(int soundCardIndex);

@@ -191,7 +191,7 @@ void AlarmPanel::refresh() {
     const bool on = app_.AlarmArmed != "False";
     if (on) {
         console.LCD2.setLine(4, alarmTime());
-        console.carry.remoteAlarmLabel = "Alarm: " + alarmTime();
+        app_.frmremote2.alarmCaption.setCaption("Alarm: " + alarmTime());
     }
     console.alarmOnButton.setEnabled(!on);
     console.alarmOffButton.setEnabled(on);
@@ -216,13 +216,13 @@ void AlarmPanel::alarmOff() {
     stopTest();
     setArmed(0);
     console.LCD2.setLine(4, kDisabledStatus);
-    console.carry.remoteAlarmLabel = "Alarm: Off";
+    app_.frmremote2.alarmCaption.setCaption("Alarm: Off");
 }
 
 void AlarmPanel::checkalarms() {
     if (app_.AlarmArmed != "True") {
         app_.frmmain.LCD2.setLine(4, "Disabled");
-        app_.frmmain.carry.remoteAlarmLabel = "Alarm: Off";
+        app_.frmremote2.alarmCaption.setCaption("Alarm: Off");
         return;
     }
     refresh();
@@ -262,7 +262,7 @@ void AlarmPanel::clockTick() {
         Timer3.setEnabled(true);
     }
     app_.frmmain.LCD2.setLine(4, kPlayingStatus);
-    app_.frmmain.carry.remoteAlarmLabel = "Alarm Playing";
+    app_.frmremote2.alarmCaption.setCaption("Alarm Playing");
     loadSound();
     channel = app_.engine.play(sample);
     app_.engine.setVolume(channel, hscroll2.value());
@@ -291,7 +291,7 @@ void AlarmPanel::countdownTick() {
     stopAlarmButton.setEnabled(false);
     app_.engine.stop(channel);
     app_.frmmain.LCD2.setLine(4, kDisabledStatus);
-    app_.frmmain.carry.remoteAlarmLabel = "Alarm: Off";
+    app_.frmremote2.alarmCaption.setCaption("Alarm: Off");
     app_.AlarmArmed = "False";
     setArmed(0);
     refresh();

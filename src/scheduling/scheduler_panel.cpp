@@ -415,7 +415,7 @@ void SchedulerPanel::refreshStatus() {
 }
 
 void SchedulerPanel::remoteLabel(std::string text) {
-    app_.frmmain.carry.remoteSchedulerLabel = std::move(text);
+    app_.frmremote2.schedulerCaption.setCaption(std::move(text));
 }
 
 // ---- the ticks ----

@@ -43,7 +43,7 @@ class Scheduler : public test::ClockFixture {
         }
     }
     const std::string& line(int n) { return app->frmmain.LCD3.line(n); }
-    const std::string& remote() { return app->frmmain.carry.remoteSchedulerLabel; }
+    const std::string& remote() { return app->frmremote2.schedulerCaption.caption(); }
 };
 
 TEST_F(Scheduler, RowsFireInTheirSecondOnlyAndOfTwoAtOneTimeTheLaterStays) {
