@@ -273,6 +273,30 @@ TEST_F(Visuals, TheRemoteMirrorsTheConsoleAndStandsInForIt) {
     EXPECT_EQ(remote.mp3Caption.caption(), Frmremote2::kNoMp3);
 }
 
+TEST_F(Visuals, AScenarioTakesItsSlideshowAndPanoramicAlongAndFallsBackQuietly) {
+    start();
+    app->Formfolderselect.chooseFolder(h.tree.root() / "visual/slideshow/Single");
+    app->Formfolderselect.apply();
+    app->frmremote2.setPanoramic("Narrow");
+    ASSERT_TRUE(app->frmmain.dosave("Shore"));
+
+    app->frmremote2.pointAtSlideshow("Default");
+    app->frmremote2.setPanoramic("Default");
+    app->form999.start();
+    app->Form1.start();
+    app->frmmain.doload("Shore");
+    EXPECT_EQ(app->frmremote2.slideshowFolder.text(), "Single");
+    EXPECT_EQ(shownPicture(), "only.jpg") << "an open slideshow moves to the scenario's";
+    EXPECT_EQ(fs::path(app->form999.picture.caption()).filename(), "Narrow.jpg");
+
+    // A scenario whose slideshow folder is gone shows the stock one, without a word.
+    fs::remove_all(h.tree.root() / "visual/slideshow/Single");
+    app->frmmain.doload("Shore");
+    EXPECT_EQ(app->frmremote2.slideshowFolder.text(), "Default");
+    EXPECT_EQ(app->frmmain.carry.slideshowLabel, "Default");
+    EXPECT_TRUE(h.dialogs.messages().empty());
+}
+
 TEST_F(Visuals, TheVisualStateComesBackWithTheSession) {
     start();
     Frmremote2& remote = app->frmremote2;
