@@ -156,7 +156,11 @@ PanoramicView::PanoramicView(Application& app, Panoramic& panel)
     : PictureWindow(app, panel.window, panel.visual, panel.picture), panel_(panel) {
     // The speed and "Change" float at the foot of the picture while the pointer shows.
     controls_ = new QWidget(this);
-    controls_->setAutoFillBackground(true);
+    controls_->setObjectName(QStringLiteral("visualControls"));
+    controls_->setAttribute(Qt::WA_StyledBackground);
+    controls_->setStyleSheet(QStringLiteral(
+        "#visualControls { background-color: rgba(12, 14, 22, 200); border-radius: 8px; }"
+        "#visualControls QLabel { color: #e8ecf4; }"));
     auto* row = new QHBoxLayout(controls_);
     row->setContentsMargins(style::kSectionGap, style::kSpacing, style::kSectionGap,
                             style::kSpacing);
