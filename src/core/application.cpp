@@ -42,6 +42,7 @@ Application::Application(const Platform& platform)
       Timers(*this),
       frmaddscenariodirectory(*this),
       Frmimport(*this),
+      formexportscen(*this),
       frmDemo(*this),
       Frmcolorpicker(*this),
       frmmainmp3(*this),
@@ -109,10 +110,11 @@ std::vector<PanelColours*> Application::paintedPanels() {
     }
     for (PanelColours* c :
          {&frmcustom.colours, &Form3.colours, &Form33.colours, &Frmsoundindent.colours,
-          &Form2.colours, &Frmimport.colours, &FRMOPTIONS.colours, &Formtips.colours,
-          &frmevolve.colours, &frmbwave.colours, &frmeffects.colours, &Alarm.colours,
-          &Timers.colours, &frmaddscenariodirectory.colours, &Frmcolorpicker.colours,
-          &frmmainmp3.colours, &frmmainmp3.frmList.colours, &frmmainmp3.Formmp3adddir.colours}) {
+          &Form2.colours, &Frmimport.colours, &formexportscen.colours, &FRMOPTIONS.colours,
+          &Formtips.colours, &frmevolve.colours, &frmbwave.colours, &frmeffects.colours,
+          &Alarm.colours, &Timers.colours, &frmaddscenariodirectory.colours,
+          &Frmcolorpicker.colours, &frmmainmp3.colours, &frmmainmp3.frmList.colours,
+          &frmmainmp3.Formmp3adddir.colours}) {
         panels.push_back(c);
     }
     return panels;
@@ -158,6 +160,7 @@ void Application::unloadPanels() {
     frmrandommain4.unload();
     frmcustom.unload();
     Form2.unload();
+    formexportscen.unload();
     Frmsoundindent.unload();
     frmevolve.unload();
     frmbwave.unload();

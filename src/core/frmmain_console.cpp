@@ -27,11 +27,13 @@ void Frmmain::wireConsole() {
     mp3Button.setToolTip("Play your own music beside the soundscape");
     mp3Button.onClick = [this] { app_.frmmainmp3.open(); };
     placeholder(cdButton, "CD");
-    placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
     importButton.setCaption("Import");
     importButton.setToolTip("Install a packaged scenario");
     importButton.onClick = [this] { app_.Frmimport.window.show(); };
+    exportButton.setCaption("Export");
+    exportButton.setToolTip("Package the current scenario to carry to another computer");
+    exportButton.onClick = [this] { app_.formexportscen.open(); };
     scheduleButton.setCaption("Schedule");
     scheduleButton.setToolTip("Change the scenario at chosen times, or from a playlist");
     scheduleButton.onClick = [this] { app_.Timers.show(); };
