@@ -149,6 +149,14 @@ void ExportWizard::unload() {
         removeWorkingFiles();
         window.hide();
     }
+    // Unloaded, the wizard forgets what it was given: the next scenario starts afresh,
+    // without the pictures or details of this one.
+    includePanoramic.setValue(0);
+    includeSlideshow.setValue(0);
+    for (TextBox* box : {&createdBy, &description, &recordings, &detailsText, &status}) {
+        box->setText({});
+    }
+    showPage(1);
 }
 
 fs::path ExportWizard::stagingFolder() const {

@@ -84,7 +84,7 @@ class ExportWizard {
     // The console's "Export": the wizard opens at its first page, for the scenario the
     // remote names.
     void open();
-    // A scenario load closes the wizard.
+    // A scenario load, and the program's end, close the wizard and clear it.
     void unload();
 
     // The scenario being packed, and the files of the package's making.

@@ -12,11 +12,13 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <array>
+#include <initializer_list>
 
 #include "scenarios/export_wizard.h"
 #include "ui/binding/bindings.h"
 #include "ui/core/panel_window_follow.h"
 #include "ui/platform/qt_text.h"
+#include "ui/widgets/program_icon.h"
 #include "ui/widgets/style.h"
 
 namespace brevane {
@@ -27,6 +29,7 @@ namespace {
 constexpr std::array<const char*, ExportWizard::kPages> kPageTitles{"Introduction", "Associations",
                                                                     "Details", "Gather", "Finish"};
 
+constexpr int kMarkSize = 72;
 constexpr int kPreviewWidth = 240;
 constexpr int kPreviewHeight = 150;
 
@@ -80,100 +83,98 @@ void typedBox(TextBox& control, QWidget* parent, QVBoxLayout& layout, bool oneLi
     layout.addWidget(box);
 }
 
-QWidget* introductionPage(ExportWizard& wizard, QWidget* parent) {
-    auto* page = new QWidget(parent);
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(style::kSectionGap);
-    layout->addWidget(text(wizard.introText, page));
-    layout->addWidget(text(wizard.introNote, page));
-    layout->addStretch(1);
-    return page;
+// Push buttons in a row from the left.
+void addButtonRow(QVBoxLayout& layout, QWidget& page,
+                  std::initializer_list<CommandButton*> buttons) {
+    auto* row = new QHBoxLayout();
+    for (CommandButton* button : buttons) {
+        row->addWidget(bound<QPushButton>(*button, &page));
+    }
+    row->addStretch(1);
+    layout.addLayout(row);
 }
 
-QWidget* associationsPage(ExportWizard& wizard, QWidget* parent) {
-    auto* page = new QWidget(parent);
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(text(wizard.associationsNote, page));
+void introductionPage(ExportWizard& wizard, QWidget& page, QVBoxLayout& layout) {
+    layout.setSpacing(style::kSectionGap);
+    layout.addWidget(text(wizard.introText, &page));
+    layout.addWidget(text(wizard.introNote, &page));
+    layout.addStretch(1);
+}
+
+void associationsPage(ExportWizard& wizard, QWidget& page, QVBoxLayout& layout) {
+    layout.addWidget(text(wizard.associationsNote, &page));
+    layout.addSpacing(style::kSpacing);
     auto* grid = new QGridLayout();
     grid->setHorizontalSpacing(style::kSectionGap);
-    grid->addWidget(bound<QCheckBox>(wizard.includePanoramic, page), 0, 0);
-    grid->addWidget(preview(wizard.panoramicPreview, page), 1, 0);
-    grid->addWidget(text(wizard.panoramicLabel, page), 2, 0);
-    grid->addWidget(bound<QCheckBox>(wizard.includeSlideshow, page), 0, 1);
-    grid->addWidget(preview(wizard.slideshowPreview, page), 1, 1);
-    grid->addWidget(text(wizard.slideshowLabel, page), 2, 1);
-    layout->addLayout(grid);
-    layout->addStretch(1);
-    return page;
+    grid->addWidget(bound<QCheckBox>(wizard.includePanoramic, &page), 0, 0);
+    grid->addWidget(preview(wizard.panoramicPreview, &page), 1, 0);
+    grid->addWidget(text(wizard.panoramicLabel, &page), 2, 0);
+    grid->addWidget(bound<QCheckBox>(wizard.includeSlideshow, &page), 0, 1);
+    grid->addWidget(preview(wizard.slideshowPreview, &page), 1, 1);
+    grid->addWidget(text(wizard.slideshowLabel, &page), 2, 1);
+    layout.addLayout(grid);
+    layout.addStretch(1);
 }
 
-QWidget* detailsPage(ExportWizard& wizard, QWidget* parent) {
-    auto* page = new QWidget(parent);
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    typedBox(wizard.createdBy, page, *layout, true);
-    typedBox(wizard.description, page, *layout, false);
-    typedBox(wizard.recordings, page, *layout, false);
-    layout->addStretch(1);
-    return page;
+void detailsPage(ExportWizard& wizard, QWidget& page, QVBoxLayout& layout) {
+    typedBox(wizard.createdBy, &page, layout, true);
+    typedBox(wizard.description, &page, layout, false);
+    typedBox(wizard.recordings, &page, layout, false);
+    layout.addStretch(1);
 }
 
-QWidget* gatherPage(ExportWizard& wizard, QWidget* parent) {
-    auto* page = new QWidget(parent);
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(text(wizard.gatherNote, page));
-    auto* row = new QHBoxLayout();
-    row->addWidget(bound<QPushButton>(wizard.collect, page));
-    row->addStretch(1);
-    layout->addLayout(row);
-    auto* caption = new QLabel(qtText(wizard.status.caption()), page);
-    layout->addWidget(caption);
+void gatherPage(ExportWizard& wizard, QWidget& page, QVBoxLayout& layout) {
+    layout.addWidget(text(wizard.gatherNote, &page));
+    addButtonRow(layout, page, {&wizard.collect});
+    auto* caption = new QLabel(qtText(wizard.status.caption()), &page);
+    layout.addWidget(caption);
     // The log stays scrolled to its end as lines come in.
-    auto* log = bound<QPlainTextEdit>(wizard.status, page);
+    auto* log = bound<QPlainTextEdit>(wizard.status, &page);
     log->setAccessibleName(QStringLiteral("Status"));
     log->setFont(style::smallFont());
     caption->setBuddy(log);
     const Control::WatchId id = wizard.status.watch(
         [log] { log->verticalScrollBar()->setValue(log->verticalScrollBar()->maximum()); });
     QObject::connect(log, &QObject::destroyed, [&wizard, id] { wizard.status.unwatch(id); });
-    layout->addWidget(log, 1);
-    return page;
+    layout.addWidget(log, 1);
 }
 
-QWidget* finishPage(ExportWizard& wizard, QWidget* parent) {
-    auto* page = new QWidget(parent);
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(style::kSectionGap);
-    layout->addWidget(text(wizard.finishNote, page));
-    auto* row = new QHBoxLayout();
-    row->addWidget(bound<QPushButton>(wizard.locate, page));
-    row->addWidget(bound<QPushButton>(wizard.upload, page));
-    row->addStretch(1);
-    layout->addLayout(row);
-    layout->addStretch(1);
-    return page;
+void finishPage(ExportWizard& wizard, QWidget& page, QVBoxLayout& layout) {
+    layout.setSpacing(style::kSectionGap);
+    layout.addWidget(text(wizard.finishNote, &page));
+    addButtonRow(layout, page, {&wizard.locate, &wizard.upload});
+    layout.addStretch(1);
 }
 
 }  // namespace
 
 ExportView::ExportView(ExportWizard& wizard, QWidget* parent) : QWidget(parent, Qt::Window) {
-    auto* root = new QVBoxLayout(this);
-    style::applySpacing(*root);
+    auto* outer = new QHBoxLayout(this);
+    style::applySpacing(*outer);
+    outer->setSpacing(style::kSectionGap);
+    // The wizard's side: the program's mark, so the steps read as one piece of work.
+    auto* mark = new QLabel(this);
+    mark->setPixmap(programIcon().pixmap(kMarkSize, kMarkSize));
+    mark->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    mark->setFixedWidth(kMarkSize + 2 * style::kMargin);
+    outer->addWidget(mark);
+    auto* root = new QVBoxLayout();
+    outer->addLayout(root, 1);
 
     auto* title = new QLabel(this);
     title->setFont(style::headingFont());
     root->addWidget(title);
 
     auto* pages = new QStackedWidget(this);
-    pages->addWidget(introductionPage(wizard, pages));
-    pages->addWidget(associationsPage(wizard, pages));
-    pages->addWidget(detailsPage(wizard, pages));
-    pages->addWidget(gatherPage(wizard, pages));
-    pages->addWidget(finishPage(wizard, pages));
+    using PageMaker = void (*)(ExportWizard&, QWidget&, QVBoxLayout&);
+    for (PageMaker make :
+         {introductionPage, associationsPage, detailsPage, gatherPage, finishPage}) {
+        auto* page = new QWidget(pages);
+        auto* layout = new QVBoxLayout(page);
+        layout->setContentsMargins(0, 0, 0, 0);
+        make(wizard, *page, *layout);
+        pages->addWidget(page);
+    }
     root->addWidget(pages, 1);
 
     const auto follow = [&wizard, pages, title] {
@@ -196,7 +197,7 @@ ExportView::ExportView(ExportWizard& wizard, QWidget* parent) : QWidget(parent, 
     buttons->addWidget(bound<QPushButton>(wizard.exitButton, this));
     root->addLayout(buttons);
 
-    resize(600, 460);
+    resize(680, 420);
     followColours(wizard.colours, *this);
     followPanelWindow(wizard.window, *this, OnClose::HidePanel);
 }
