@@ -4,6 +4,8 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <fstream>
@@ -110,6 +112,70 @@ int removeLeftoverTemporaries(const fs::path& folder) {
         }
     }
     return removed;
+}
+
+namespace {
+
+bool sameContent(const fs::path& a, const fs::path& b) {
+    std::error_code ec;
+    const auto size = fs::file_size(a, ec);
+    if (ec || fs::file_size(b, ec) != size || ec) {
+        return false;
+    }
+    std::ifstream left(a, std::ios::binary);
+    std::ifstream right(b, std::ios::binary);
+    std::array<char, 64 * 1024> x{};
+    std::array<char, 64 * 1024> y{};
+    while (left && right) {
+        left.read(x.data(), x.size());
+        right.read(y.data(), y.size());
+        if (left.gcount() != right.gcount() ||
+            !std::equal(x.begin(), x.begin() + left.gcount(), y.begin())) {
+            return false;
+        }
+    }
+    return !left.bad() && !right.bad();
+}
+
+}  // namespace
+
+std::optional<fs::path> keptInsideTree(const fs::path& tree, const fs::path& file,
+                                       const fs::path& folder) {
+    const fs::path rel = fs::absolute(file).lexically_normal().lexically_relative(
+        fs::absolute(tree).lexically_normal());
+    if (!rel.empty() && *rel.begin() != ".." && !rel.is_absolute()) {
+        return file;
+    }
+    std::error_code ec;
+    if (!fs::is_regular_file(file, ec)) {
+        return std::nullopt;
+    }
+    fs::create_directories(folder, ec);
+    const std::string stem = file.stem().string();
+    const std::string extension = file.extension().string();
+    for (int n = 1; n < 10000; ++n) {
+        const fs::path target = folder / (n == 1 ? file.filename().string()
+                                                 : stem + " " + std::to_string(n) + extension);
+        if (fs::exists(fs::symlink_status(target, ec))) {
+            if (sameContent(file, target)) {
+                return target;
+            }
+            continue;
+        }
+        // Copied under a temporary name and renamed, so a half copy never takes the name.
+        const fs::path part = temporaryNameFor(target);
+        if (!fs::copy_file(file, part, ec) || ec) {
+            fs::remove(part, ec);
+            return std::nullopt;
+        }
+        fs::rename(part, target, ec);
+        if (ec) {
+            fs::remove(part, ec);
+            return std::nullopt;
+        }
+        return target;
+    }
+    return std::nullopt;
 }
 
 }  // namespace brevane

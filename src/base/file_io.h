@@ -36,4 +36,15 @@ std::filesystem::path temporaryNameFor(const std::filesystem::path& file);
 // file it was replacing. Those of running processes stay. Returns how many went.
 int removeLeftoverTemporaries(const std::filesystem::path& folder);
 
+// A file as the program's tree keeps it: `file` itself when it lies inside `tree` by its
+// name ("." and ".." steps resolved, links not followed: an installed tree links its
+// stock files from elsewhere), else a copy of it in `folder`, a folder of the tree, so
+// that nothing saved ever points outside. The copy takes the file's name, or
+// "<stem> 2<ext>", "<stem> 3<ext>" and so on when a different file has it; a file of
+// the same content under one of those names is the copy made before, and is reused.
+// Nothing when the copy could not be made.
+std::optional<std::filesystem::path> keptInsideTree(const std::filesystem::path& tree,
+                                                    const std::filesystem::path& file,
+                                                    const std::filesystem::path& folder);
+
 }  // namespace brevane

@@ -42,6 +42,7 @@ Application::Application(const Platform& platform)
       Timers(*this),
       frmaddscenariodirectory(*this),
       Frmimport(*this),
+      formexportscen(*this),
       frmDemo(*this),
       Frmcolorpicker(*this),
       frmmainmp3(*this),
@@ -117,6 +118,7 @@ std::vector<PanelColours*> Application::paintedPanels() {
                             &Frmsoundindent.colours,
                             &Form2.colours,
                             &Frmimport.colours,
+                            &formexportscen.colours,
                             &FRMOPTIONS.colours,
                             &Formtips.colours,
                             &frmevolve.colours,
@@ -181,6 +183,7 @@ void Application::unloadPanels() {
     frmrandommain4.unload();
     frmcustom.unload();
     Form2.unload();
+    formexportscen.unload();
     Frmsoundindent.unload();
     frmevolve.unload();
     frmbwave.unload();

@@ -33,6 +33,7 @@
 #include "core/tips_panel.h"
 #include "fx/frmeffects.h"
 #include "media/mp3_player.h"
+#include "scenarios/export_wizard.h"
 #include "scenarios/import_panel.h"
 #include "scheduling/alarm_panel.h"
 #include "scheduling/scheduler_panel.h"
@@ -145,6 +146,8 @@ class Application {
     ScenarioFolderPanel frmaddscenariodirectory;
     // Installs scenario packages.
     ImportPanel Frmimport;
+    // Packs the current scenario for another installation.
+    ExportWizard formexportscen;
     // The colour schemes, and their colour picker.
     Frmdemo frmDemo;
     ColourPicker Frmcolorpicker;

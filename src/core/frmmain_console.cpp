@@ -27,13 +27,15 @@ void Frmmain::wireConsole() {
     mp3Button.setToolTip("Play your own music beside the soundscape");
     mp3Button.onClick = [this] { app_.frmmainmp3.open(); };
     placeholder(cdButton, "CD");
-    placeholder(exportButton, "Export");
     switchToControllerButton.setCaption("Switch to controller");
     switchToControllerButton.setToolTip("Put the small remote in the console's place");
     switchToControllerButton.onClick = [this] { app_.frmremote2.switchToController(); };
     importButton.setCaption("Import");
     importButton.setToolTip("Install a packaged scenario");
     importButton.onClick = [this] { app_.Frmimport.window.show(); };
+    exportButton.setCaption("Export");
+    exportButton.setToolTip("Package the current scenario to carry to another computer");
+    exportButton.onClick = [this] { app_.formexportscen.open(); };
     scheduleButton.setCaption("Schedule");
     scheduleButton.setToolTip("Change the scenario at chosen times, or from a playlist");
     scheduleButton.onClick = [this] { app_.Timers.show(); };

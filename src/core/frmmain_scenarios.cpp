@@ -138,7 +138,8 @@ void Frmmain::doload(const std::string& name, const fs::path& from) {
 
     // 1. The latest-sound line says a scenario is on its way.
     LCD7.setLine(4, kWaitingText);
-    // 2. The export panel closes here, once it is in the program.
+    // 2. The export wizard closes: it packs the scenario it was opened on.
+    app_.formexportscen.unload();
     // 3. The scenario playing becomes the previous one ("N/A" while there was none).
     LCD1.setLine(4, app_.CurrentScenarioName.empty() ? std::string(kNoPreviousScenario)
                                                      : app_.CurrentScenarioName);

@@ -4,6 +4,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdlib>
@@ -318,6 +319,45 @@ PackageResult installPackage(const fs::path& zipFile, const fs::path& treeRoot,
     }
     result.outcome = PackageOutcome::Installed;
     return result;
+}
+
+bool writePackage(const fs::path& folder, const fs::path& zipFile) {
+    std::error_code ec;
+    std::vector<fs::path> files;
+    for (fs::recursive_directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        if (it->is_regular_file(ec)) {
+            files.push_back(it->path());
+        }
+    }
+    if (ec) {
+        return false;
+    }
+    // Members in a steady order, so that two packages of one scenario list alike.
+    std::sort(files.begin(), files.end());
+    fs::create_directories(zipFile.parent_path(), ec);
+    // libzip writes the archive beside its name and renames it into place on closing.
+    int error = 0;
+    Archive archive(zip_open(zipFile.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error));
+    if (!archive) {
+        return false;
+    }
+    for (const fs::path& file : files) {
+        const std::string name = file.lexically_relative(folder).generic_string();
+        zip_source_t* source = zip_source_file(archive.get(), file.c_str(), 0, -1);
+        if (source == nullptr) {
+            return false;
+        }
+        if (zip_file_add(archive.get(), name.c_str(), source, ZIP_FL_ENC_UTF_8) < 0) {
+            zip_source_free(source);
+            return false;
+        }
+    }
+    if (zip_close(archive.get()) != 0) {
+        return false;
+    }
+    // Closed: the archive is written and its handle gone.
+    static_cast<void>(archive.release());
+    return true;
 }
 
 }  // namespace brevane

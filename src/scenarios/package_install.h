@@ -1,5 +1,6 @@
 #pragma once
-// Installing a scenario package: a zip whose root is the root of the program's tree.
+// Scenario packages: a zip whose root is the root of the program's tree. Writing one,
+// and installing one.
 //
 // Extraction is sealed: it writes only inside the program's folder, and a package is
 // installed whole or not at all.
@@ -64,5 +65,11 @@ struct PackageInstallHooks {
 PackageResult installPackage(const std::filesystem::path& zipFile,
                              const std::filesystem::path& treeRoot,
                              const PackageInstallHooks& hooks, const PackageLimits& limits = {});
+
+// Writes every file under `folder` into a fresh zip at `zipFile`, named by its path
+// relative to `folder` with '/': the folder's contents, not the folder itself. An
+// earlier file of that name is replaced only when the new one is whole. False when the
+// zip could not be written.
+bool writePackage(const std::filesystem::path& folder, const std::filesystem::path& zipFile);
 
 }  // namespace brevane

@@ -78,4 +78,18 @@ class AppHarness {
     std::vector<ExitKind> exits;
 };
 
+// Runs the program and renders the mix in step, 10 ms at a time, for an engine that
+// renders offline: what the user would have heard over `hundredths` hundredths of a
+// second, as interleaved stereo.
+template <class Engine>
+std::vector<float> renderInStep(AppHarness<Engine>& h, int hundredths) {
+    std::vector<float> out;
+    for (int i = 0; i < hundredths; ++i) {
+        h.loop.advance(10);
+        const auto block = h.engine.render(441);
+        out.insert(out.end(), block.begin(), block.end());
+    }
+    return out;
+}
+
 }  // namespace brevane::test

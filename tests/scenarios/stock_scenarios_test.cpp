@@ -40,16 +40,7 @@ class StockScenarios : public ::testing::Test {
         }
     }
 
-    // Runs the program and renders the mix in step, 10 ms at a time.
-    std::vector<float> render(int hundredths) {
-        std::vector<float> out;
-        for (int i = 0; i < hundredths; ++i) {
-            h.loop.advance(10);
-            const auto block = h.engine.render(441);
-            out.insert(out.end(), block.begin(), block.end());
-        }
-        return out;
-    }
+    std::vector<float> render(int hundredths) { return test::renderInStep(h, hundredths); }
     double renderRms(int seconds) { return test::rms(render(seconds * 100)); }
 
     test::AppHarness<MixerEngine> h;

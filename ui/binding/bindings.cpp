@@ -326,6 +326,20 @@ void bindWidget(TextBox& control, QPlainTextEdit& widget) {
     });
 }
 
+void bindTypedText(TextBox& control, QPlainTextEdit& widget) {
+    auto* binding = new Binding(control, widget, [&control, &widget] {
+        const QString text = qtDisplayText(control.text());
+        if (widget.toPlainText() != text) {
+            widget.setPlainText(text);
+        }
+    });
+    QObject::connect(&widget, &QPlainTextEdit::textChanged, binding, [binding, &control, &widget] {
+        QString text = widget.toPlainText();
+        text.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+        binding->edit([&] { control.setText(textFromQt(text)); });
+    });
+}
+
 void bindWidget(TextBox& control, QLabel& widget, const QString& suffix) {
     widget.setTextFormat(Qt::PlainText);
     new Binding(control, widget, [&control, &widget, suffix] {

@@ -53,6 +53,9 @@ void bindWidget(CommandButton& control, QPushButton& widget);
 void bindWidget(TextBox& control, QLineEdit& widget);
 // A text to read, not to type: the widget is made read-only.
 void bindWidget(TextBox& control, QPlainTextEdit& widget);
+// A text typed over several lines; its line breaks reach the control as CR LF, the
+// way the program's files break lines.
+void bindTypedText(TextBox& control, QPlainTextEdit& widget);
 // A text shown as a label, with `suffix` (a unit) after it.
 void bindWidget(TextBox& control, QLabel& widget, const QString& suffix = {});
 // Editable or not; an editable box never adds typed text to its list, the list is

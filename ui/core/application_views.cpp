@@ -19,6 +19,7 @@
 #include "ui/core/tray_view.h"
 #include "ui/fx/effects_view.h"
 #include "ui/media/mp3_view.h"
+#include "ui/scenarios/export_view.h"
 #include "ui/scenarios/import_view.h"
 #include "ui/scheduling/alarm_view.h"
 #include "ui/scheduling/scheduler_view.h"
@@ -89,6 +90,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.frmaddscenariodirectory.window,
         std::make_unique<ScenarioFolderView>(app.frmaddscenariodirectory));
     add(app.Frmimport.window, std::make_unique<ImportView>(app.Frmimport));
+    add(app.formexportscen.window, std::make_unique<ExportView>(app.formexportscen));
     add(app.Formtips.window, std::make_unique<TipsView>(app.Formtips));
     add(app.frmDemo.window, std::make_unique<DemoView>(app.frmDemo));
     add(app.Frmcolorpicker.window, std::make_unique<ColourPickerView>(app.Frmcolorpicker));

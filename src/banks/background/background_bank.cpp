@@ -677,11 +677,17 @@ void BackgroundBank::chooseFile(int s) {
         app_.dialogs.message(MessageKind::Information, kOutsideFolderText);
     }
 
+    // A path that only names the folder on its way elsewhere ("..") is taken as a copy.
+    const auto kept = keptInsideTree(app_.appPath.root(), *chosen, folder);
+    if (!kept) {
+        app_.dialogs.message(MessageKind::Information, kCannotOpenText);
+        return;
+    }
     const bool wasOn = sl.on.checked();
     sl.on.setValue(0);
     freeSlotSample(s);
-    loadSlotSample(s, *chosen, true);
-    storePath(s, app_.appPath.relativeText(*chosen));
+    loadSlotSample(s, *kept, true);
+    storePath(s, app_.appPath.relativeText(*kept));
     sl.on.setCaption(baseNameOf(sl.path));
     if (sl.sample != 0) {
         if (wasOn) {
@@ -716,7 +722,15 @@ std::vector<std::string> BackgroundBank::bulkLoad(
         if (entry.empty()) {
             break;
         }
-        const std::string relative = app_.appPath.relativeText(entry);
+        // A sound from outside the tree comes in as a copy, so that the bank, and the
+        // scenarios saved from it, never point outside.
+        const auto kept =
+            keptInsideTree(app_.appPath.root(), entry, app_.appPath / kBackgroundSoundsFolder);
+        if (!kept) {
+            failed.push_back(fs::path(entry).filename().string());
+            continue;
+        }
+        const std::string relative = app_.appPath.relativeText(*kept);
         freeSlotSample(s);
         // Decoded on the spot, so that a file that will not play is known now.
         loadSlotSample(s, app_.appPath / relative, true);

@@ -609,7 +609,13 @@ void RandomBank::chooseFile(int s) {
         }
         app_.dialogs.message(MessageKind::Information, kRandomOutsideFolderText);
     }
-    replaceSlotSample(s, app_.appPath.relativeText(*chosen), true);
+    // A path that only names the folder on its way elsewhere ("..") is taken as a copy.
+    const auto kept = keptInsideTree(app_.appPath.root(), *chosen, folder);
+    if (!kept) {
+        app_.dialogs.message(MessageKind::Information, kRandomCannotOpenText);
+        return;
+    }
+    replaceSlotSample(s, app_.appPath.relativeText(*kept), true);
     app_.engine.stop(sl.channel);
     sl.name.setCaption(fs::path(sl.path).stem().string());
     if (sl.sample == 0) {
@@ -641,8 +647,16 @@ std::vector<std::string> RandomBank::bulkLoad(
         if (entry.empty()) {
             break;
         }
+        // A sound from outside the tree comes in as a copy, so that the bank, and the
+        // scenarios saved from it, never point outside.
+        const auto kept =
+            keptInsideTree(app_.appPath.root(), entry, app_.appPath / kRandomSoundsFolder);
+        if (!kept) {
+            failed.push_back(fs::path(entry).filename().string());
+            continue;
+        }
         // Decoded on the spot, so that a file that will not play is known now.
-        replaceSlotSample(s, app_.appPath.relativeText(entry), true);
+        replaceSlotSample(s, app_.appPath.relativeText(*kept), true);
         if (slot(s).sample == 0) {
             failed.push_back(fs::path(slot(s).path).filename().string());
         }

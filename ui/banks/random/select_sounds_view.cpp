@@ -22,16 +22,36 @@ namespace brevane {
 
 namespace {
 
-// The folder tree: the sound banks' folders only. A click is a change of folder, which
-// the panel judges; the tree follows wherever the panel then stands.
+// The folder tree: the mode's own sound folder, shown as its one top row, and the
+// folders under it. A click is a change of folder, which the panel judges; the tree
+// follows wherever the panel then stands, and takes the mode's folder at each opening.
 QTreeView* folderTree(SelectSoundsPanel& panel, QWidget* parent) {
     auto* model = new QFileSystemModel(parent);
     model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
-    const QString root = qtText(panel.modeRoot().parent_path().string());
-    model->setRootPath(root);
     auto* tree = new QTreeView(parent);
     tree->setModel(model);
-    tree->setRootIndex(model->index(root));
+    const auto rootAtMode = [&panel, model, tree] {
+        const QString root = qtPath(panel.modeRoot());
+        model->setRootPath(qtPath(panel.modeRoot().parent_path()));
+        const QModelIndex top = model->index(qtPath(panel.modeRoot().parent_path()));
+        if (tree->rootIndex() != top) {
+            tree->setRootIndex(top);
+        }
+        // Only the mode's folder shows under the sound banks' folder.
+        for (int row = 0; row < model->rowCount(top); ++row) {
+            const QModelIndex child = model->index(row, 0, top);
+            tree->setRowHidden(row, top, model->filePath(child) != root);
+        }
+        tree->expand(model->index(root));
+    };
+    QObject::connect(model, &QFileSystemModel::directoryLoaded, tree, rootAtMode);
+    const Control::WatchId shown = panel.window.watch([&panel, rootAtMode] {
+        if (panel.window.visible()) {
+            rootAtMode();
+        }
+    });
+    QObject::connect(tree, &QObject::destroyed, [&panel, shown] { panel.window.unwatch(shown); });
+    rootAtMode();
     for (int column = 1; column < model->columnCount(); ++column) {
         tree->hideColumn(column);
     }
