@@ -208,6 +208,10 @@ void ExportWizard::panoramicClicked() {
         name.resize(name.size() - 4);
     }
     name += ".jpg";
+    // The stock panoramic is named in lower case on disk, whatever the name says.
+    if (name == kDefaultPanoramic) {
+        name = "default.jpg";
+    }
     const fs::path picture = app_.appPath / "visual/panoramics" / name;
     panoramicPreview.setText(staysUnder(name) && isRegularFile(picture) ? picture.string()
                                                                         : std::string());
@@ -220,7 +224,7 @@ void ExportWizard::slideshowClicked() {
         slideshowLabel.setCaption(std::string(kSlideshowPrefix) + kNone);
         return;
     }
-    const std::string& name = app_.frmmain.carry.slideshowLabel;
+    const std::string& name = app_.frmremote2.slideshowFolder.text();
     const fs::path folder = app_.appPath / "visual/slideshow" / name;
     std::vector<fs::path> pictures;
     std::error_code ec;
@@ -318,7 +322,7 @@ void ExportWizard::collectFiles() {
     fs::remove_all(stagingFolder(), ec);
     fs::create_directories(stagingFolder(), ec);
 
-    const std::string& slideshow = app_.frmmain.carry.slideshowLabel;
+    const std::string& slideshow = app_.frmremote2.slideshowFolder.text();
     if (includeSlideshow.checked() && staysUnder(slideshow)) {
         heading("Slideshow");
         const fs::path target = stagingFolder() / "visual/slideshow" / slideshow;

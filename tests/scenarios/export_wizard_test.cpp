@@ -60,8 +60,9 @@ TEST(ExportWizardTest, AScenarioPackedOnOneTreeInstallsOnAnotherAndPlays) {
     app.handOverFiles = {(sounds / "random sounds/bell.wav").string()};
     EXPECT_TRUE(app.frmcustom.bulkLoad(app.handOverFiles).empty());
     app.frmmain.Background.setValue(100);
+    app.frmremote2.pointAtSlideshow("Coast");
     app.frmmain.carry.slideshowLabel = "Coast";
-    app.frmmain.carry.panoramicLabel = "Bay";
+    app.frmremote2.setPanoramic("Bay");
     ASSERT_TRUE(app.frmmain.dosave(kName));
     // A member no save writes; like 7, it stays home.
     a.writeFile(member(5), "x");
