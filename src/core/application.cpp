@@ -45,6 +45,7 @@ Application::Application(const Platform& platform)
       frmDemo(*this),
       Frmcolorpicker(*this),
       frmmainmp3(*this),
+      frmcd(*this, platform.cdDrives),
       media(*this) {}
 
 Application::~Application() = default;
@@ -112,7 +113,8 @@ std::vector<PanelColours*> Application::paintedPanels() {
           &Form2.colours, &Frmimport.colours, &FRMOPTIONS.colours, &Formtips.colours,
           &frmevolve.colours, &frmbwave.colours, &frmeffects.colours, &Alarm.colours,
           &Timers.colours, &frmaddscenariodirectory.colours, &Frmcolorpicker.colours,
-          &frmmainmp3.colours, &frmmainmp3.frmList.colours, &frmmainmp3.Formmp3adddir.colours}) {
+          &frmmainmp3.colours, &frmmainmp3.frmList.colours, &frmmainmp3.Formmp3adddir.colours,
+          &frmcd.colours}) {
         panels.push_back(c);
     }
     return panels;
@@ -163,6 +165,7 @@ void Application::unloadPanels() {
     frmbwave.unload();
     frmeffects.unload();
     frmmainmp3.unload();
+    frmcd.unload();
     Timers.unload();
     Frmcolorpicker.unload();
     frmDemo.unload();

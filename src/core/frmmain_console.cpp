@@ -26,7 +26,9 @@ void Frmmain::wireConsole() {
     mp3Button.setCaption("MP3");
     mp3Button.setToolTip("Play your own music beside the soundscape");
     mp3Button.onClick = [this] { app_.frmmainmp3.open(); };
-    placeholder(cdButton, "CD");
+    cdButton.setCaption("CD");
+    cdButton.setToolTip("Play an audio CD beside the soundscape");
+    cdButton.onClick = [this] { app_.frmcd.open(); };
     placeholder(exportButton, "Export");
     placeholder(switchToControllerButton, "Switch to controller");
     importButton.setCaption("Import");
