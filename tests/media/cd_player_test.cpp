@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdint>
-#include <fstream>
 #include <numbers>
 #include <string>
 #include <vector>
@@ -17,43 +15,15 @@
 #include "engine/music_stream.h"
 #include "engine/test_sounds.h"
 #include "media/cd_drive.h"
+#include "media/cd_image.h"
 
 namespace brevane {
 namespace {
 
-struct ImageTrack {
-    double hz;
-    int seconds;
-};
-
-// Writes disc.bin and disc.cue in `dir`: each track a stereo tone at half scale.
-std::string writeImage(const std::filesystem::path& dir, const std::vector<ImageTrack>& tracks) {
-    std::ofstream bin(dir / "disc.bin", std::ios::binary);
-    std::ofstream cue(dir / "disc.cue");
-    cue << "FILE \"disc.bin\" BINARY\n";
-    int start = 0;
-    for (std::size_t t = 0; t < tracks.size(); ++t) {
-        char line[64];
-        std::snprintf(line, sizeof line, "  TRACK %02zu AUDIO\n    INDEX 01 %02d:%02d:00\n", t + 1,
-                      start / 60, start % 60);
-        cue << line;
-        const int frames = tracks[t].seconds * kCdSectorsPerSecond * kCdFramesPerSector;
-        for (int i = 0; i < frames; ++i) {
-            const auto v = static_cast<std::int16_t>(
-                std::lround(16384 * std::sin(2 * std::numbers::pi * tracks[t].hz * i / 44100)));
-            const char bytes[4] = {static_cast<char>(v & 0xff), static_cast<char>(v >> 8),
-                                   static_cast<char>(v & 0xff), static_cast<char>(v >> 8)};
-            bin.write(bytes, sizeof bytes);
-        }
-        start += tracks[t].seconds;
-    }
-    return (dir / "disc.cue").string();
-}
-
 class CdPlayer : public ::testing::Test {
   protected:
     void SetUp() override {
-        image = writeImage(h.tree.root(), {{440, 2}, {660, 3}, {880, 2}});
+        image = test::writeCdImage(h.tree.root(), {{440, 2}, {660, 3}, {880, 2}});
         drives = std::make_unique<CdioDrives>(std::vector<std::string>{image});
         h.cdDrives = drives.get();
         app = &h.startAndLoad();
