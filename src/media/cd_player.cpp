@@ -373,26 +373,22 @@ void Frmcd::eject() {
 }
 
 void Frmcd::next() {
-    const int count = deck.trackCount();
-    if (count == 0) {
-        return;
-    }
-    const int current = deck.currentTrack();
-    const int n = current >= count ? 1 : current + 1;
-    if (deck.playing()) {
-        deck.playFrom(n);
-    } else {
-        deck.seekTo(n);
-    }
+    step(true);
 }
 
 void Frmcd::previous() {
+    step(false);
+}
+
+void Frmcd::step(bool forward) {
     const int count = deck.trackCount();
     if (count == 0) {
         return;
     }
+    // Past the last track is the first, before the first the last.
     const int current = deck.currentTrack();
-    const int n = current <= 1 ? count : current - 1;
+    const int n =
+        forward ? (current >= count ? 1 : current + 1) : (current <= 1 ? count : current - 1);
     if (deck.playing()) {
         deck.playFrom(n);
     } else {

@@ -155,6 +155,8 @@ class Frmcd {
 
   private:
     void openDrive(const std::string& name);
+    // Next (forward) or previous: plays on from the track when playing, else stands there.
+    void step(bool forward);
     Application& app_;
     CdDrives& drives_;
 };
