@@ -56,7 +56,6 @@ class CdDeck {
     bool open(CdDrives& drives, const std::string& name);
     // Stops, and lets the drive go.
     void close();
-    bool isOpen() const { return drive_ != nullptr; }
 
     bool mediaPresent();
     // Starts (or resumes) play where the deck stands; false without a playable disc.
@@ -70,8 +69,9 @@ class CdDeck {
     int trackCount();
     // The track play stands in; 0 without a disc.
     int currentTrack();
-    // Play from track `number` (when playing), or stand at its start (otherwise).
+    // Plays from the start of track `number`.
     void playFrom(int number);
+    // Stands at the start of track `number`, playing on if it was playing.
     void seekTo(int number);
     std::optional<Position> position();
 
