@@ -12,6 +12,7 @@
 #include "core/media_control.h"
 #include "engine/mix_share.h"
 #include "engine/mixer_engine.h"
+#include "media/cd_drive.h"
 #include "ui/core/application_views.h"
 #include "ui/core/main_window.h"
 #include "ui/core/qt_desktop.h"
@@ -59,6 +60,7 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
     QtProgramLauncher launcher;
     QtDesktopServices desktop;
     LogindPower power;
+    CdioDrives cdDrives;
     XdgAutostartEntry autostart(XdgAutostartEntry::defaultFolder(),
                                 pathFromQt(QCoreApplication::applicationFilePath()));
     Application app(Platform{.appPath = appPath,
@@ -70,7 +72,8 @@ int runProgram(const AppPath& appPath, EventLoop& loop) {
                              .autostart = &autostart,
                              .launcher = launcher,
                              .desktop = desktop,
-                             .power = power});
+                             .power = power,
+                             .cdDrives = cdDrives});
     running = &app;
     ApplicationViews views(app);
     MprisService mpris(app.media);

@@ -46,6 +46,7 @@ Application::Application(const Platform& platform)
       frmDemo(*this),
       Frmcolorpicker(*this),
       frmmainmp3(*this),
+      frmcd(*this, platform.cdDrives),
       media(*this),
       frmremote2(*this),
       Form1(*this),
@@ -131,6 +132,7 @@ std::vector<PanelColours*> Application::paintedPanels() {
                             &frmmainmp3.colours,
                             &frmmainmp3.frmList.colours,
                             &frmmainmp3.Formmp3adddir.colours,
+                            &frmcd.colours,
                             &frmremote2.colours,
                             &Formfolderselect.colours,
                             &Formfolderselect.folderselect.colours}) {
@@ -189,6 +191,7 @@ void Application::unloadPanels() {
     frmbwave.unload();
     frmeffects.unload();
     frmmainmp3.unload();
+    frmcd.unload();
     Timers.unload();
     Frmcolorpicker.unload();
     frmDemo.unload();

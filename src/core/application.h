@@ -32,6 +32,7 @@
 #include "core/startup_splash.h"
 #include "core/tips_panel.h"
 #include "fx/frmeffects.h"
+#include "media/cd_player.h"
 #include "media/mp3_player.h"
 #include "scenarios/export_wizard.h"
 #include "scenarios/import_panel.h"
@@ -153,6 +154,8 @@ class Application {
     ColourPicker Frmcolorpicker;
     // The MP3 player, its playlist and folder chooser.
     Frmmainmp3 frmmainmp3;
+    // The CD player.
+    Frmcd frmcd;
     // The soundscape as the desktop's media keys and player applets see it.
     MediaControl media;
     // The compact remote, which can stand in for the console.

@@ -173,6 +173,7 @@ void Frmmain::load() {
     app_.Timers.load();
     app_.frmeffects.load();
     app_.frmmainmp3.load();
+    app_.frmcd.load();
     // 19. "Static" and "Disabled" on the weather and night lines.
     LCD4.setLine(3, "Static");
     LCD4.setLine(4, "Disabled");

@@ -17,16 +17,12 @@ namespace brevane {
 namespace fs = std::filesystem;
 
 void Frmmain::wireConsole() {
-    // Buttons whose panels are not in the program yet keep their place, disabled;
-    // the issue that brings a panel wires its button here.
-    const auto placeholder = [](CommandButton& button, const char* caption) {
-        button.setCaption(caption);
-        button.setEnabled(false);
-    };
     mp3Button.setCaption("MP3");
     mp3Button.setToolTip("Play your own music beside the soundscape");
     mp3Button.onClick = [this] { app_.frmmainmp3.open(); };
-    placeholder(cdButton, "CD");
+    cdButton.setCaption("CD");
+    cdButton.setToolTip("Play an audio CD beside the soundscape");
+    cdButton.onClick = [this] { app_.frmcd.open(); };
     switchToControllerButton.setCaption("Switch to controller");
     switchToControllerButton.setToolTip("Put the small remote in the console's place");
     switchToControllerButton.onClick = [this] { app_.frmremote2.switchToController(); };

@@ -20,6 +20,10 @@ class Dialogs;
 class SettingsStore;
 class Random;
 class AutostartEntry;
+class CdDrives;
+
+// A machine without a CD drive (the media library's).
+CdDrives& noCdDrives();
 
 struct Platform {
     AppPath appPath;
@@ -37,6 +41,8 @@ struct Platform {
     DesktopServices& desktop = unavailableDesktopServices();
     // Powers the machine off after an alarm, and keeps it awake while one is due.
     SystemPower& power = unavailableSystemPower();
+    // The CD drives the CD player finds.
+    CdDrives& cdDrives = noCdDrives();
 };
 
 }  // namespace brevane

@@ -14,9 +14,52 @@ extern "C" {
 
 namespace brevane {
 
-// An open file and its conversion to the mix's stereo floats; used by one thread at a
-// time (built on the interface thread, then the decoder's).
-struct MusicStream::Source {
+namespace {
+
+// A sound file and its conversion to the mix's stereo floats.
+class FileSource final : public FrameSource {
+  public:
+    bool open(const std::filesystem::path& file) { return reader.open(file); }
+    ~FileSource() override { av_channel_layout_uninit(&swrLayout); }
+
+    double duration() const override { return reader.durationSeconds(); }
+
+    int read(float* out, int frames) override {
+        int written = 0;
+        while (written < frames) {
+            if (pendingPos * 2 >= pending.size()) {
+                if (drained) {
+                    break;
+                }
+                const AVFrame* f = reader.next();
+                if (f == nullptr) {
+                    drained = true;
+                }
+                if (!convert(f) && f == nullptr) {
+                    break;
+                }
+                continue;
+            }
+            const std::size_t count = std::min<std::size_t>(
+                static_cast<std::size_t>(frames - written), pending.size() / 2 - pendingPos);
+            std::copy_n(pending.data() + 2 * pendingPos, 2 * count, out + 2 * written);
+            pendingPos += count;
+            written += static_cast<int>(count);
+        }
+        return written;
+    }
+
+    bool seek(double seconds) override {
+        pending.clear();
+        pendingPos = 0;
+        toDrop = 0;
+        drained = false;
+        const bool moved = reader.seek(seconds);
+        dropUntil = moved ? seconds : -1.0;
+        return moved;
+    }
+
+  private:
     FfmpegReader reader;
     std::unique_ptr<SwrContext, SwrFreer> swr;
     AVChannelLayout swrLayout{};
@@ -28,8 +71,6 @@ struct MusicStream::Source {
     std::int64_t toDrop = 0;
     double dropUntil = -1.0;  // seconds; set by a seek, turned into toDrop by the first frame
     bool drained = false;     // the resampler gave its tail
-
-    ~Source() { av_channel_layout_uninit(&swrLayout); }
 
     bool convert(const AVFrame* f) {
         const int inFrames = f == nullptr ? 0 : f->nb_samples;
@@ -63,6 +104,8 @@ struct MusicStream::Source {
             swr.get(), &out, room,
             f == nullptr ? nullptr : const_cast<const std::uint8_t**>(f->extended_data), inFrames);
         if (got < 0) {
+            pending.clear();
+            pendingPos = 0;
             return false;
         }
         pending.resize(2 * static_cast<std::size_t>(got));
@@ -88,7 +131,13 @@ struct MusicStream::Source {
     }
 };
 
-MusicStream::MusicStream() : ring_(2 * kRingFrames, 0.0f), thread_([this] { run(); }) {}
+}  // namespace
+
+// Frames the decoder reads from its source at a time.
+constexpr int kPieceFrames = 4096;
+
+MusicStream::MusicStream()
+    : ring_(2 * kRingFrames, 0.0f), piece_(2 * kPieceFrames), thread_([this] { run(); }) {}
 
 MusicStream::~MusicStream() {
     {
@@ -113,26 +162,36 @@ void MusicStream::request(std::int64_t firstFrame, Change change) {
 }
 
 bool MusicStream::setFile(const std::filesystem::path& file) {
-    auto source = std::make_unique<Source>();
-    if (!source->reader.open(file)) {
+    auto source = std::make_unique<FileSource>();
+    if (!source->open(file)) {
         clear();
         return false;
     }
-    duration_ = source->reader.durationSeconds();
+    setSource(std::move(source));
+    return true;
+}
+
+void MusicStream::setSource(std::unique_ptr<FrameSource> source) {
+    if (!source) {
+        clear();
+        return;
+    }
+    duration_ = source->duration();
     paused_.store(true, std::memory_order_relaxed);
     open_ = true;
+    ++serial_;
     request(0, [&] {
         incoming_ = std::move(source);
         replace_ = true;
         seek_ = false;
     });
-    return true;
 }
 
 void MusicStream::clear() {
     paused_.store(true, std::memory_order_relaxed);
     open_ = false;
     duration_ = 0.0;
+    ++serial_;
     request(-1, [&] {
         incoming_.reset();
         replace_ = true;
@@ -237,7 +296,7 @@ void MusicStream::startEpoch(std::int64_t firstFrame, bool live) {
 }
 
 void MusicStream::run() {
-    std::unique_ptr<Source> source;
+    std::unique_ptr<FrameSource> source;
     std::unique_lock lock(mutex_);
     for (;;) {
         if (quit_) {
@@ -245,12 +304,12 @@ void MusicStream::run() {
         }
         if (replace_) {
             replace_ = false;
-            std::unique_ptr<Source> old = std::move(source);
+            std::unique_ptr<FrameSource> old = std::move(source);
             source = std::move(incoming_);
             startEpoch(0, source != nullptr);
             filled_.notify_all();
             lock.unlock();
-            old.reset();  // an FFmpeg close may touch the disk: outside the lock
+            old.reset();  // a close may touch the disk or the drive: outside the lock
             lock.lock();
             continue;
         }
@@ -258,11 +317,7 @@ void MusicStream::run() {
             seek_ = false;
             if (source) {
                 const double to = seekTo_;
-                source->pending.clear();
-                source->pendingPos = 0;
-                source->toDrop = 0;
-                source->drained = false;
-                source->dropUntil = source->reader.seek(to) ? to : -1.0;
+                source->seek(to);
                 startEpoch(std::llround(to * kMixRate), true);
             }
             filled_.notify_all();
@@ -287,31 +342,20 @@ void MusicStream::run() {
     }
 }
 
-bool MusicStream::fill(Source& s) {
-    if (s.pendingPos * 2 >= s.pending.size()) {
-        if (s.drained) {
-            return false;
-        }
-        const AVFrame* f = s.reader.next();
-        if (f == nullptr) {
-            s.drained = true;
-        }
-        if (!s.convert(f) && f == nullptr) {
-            return false;
-        }
-        return true;
-    }
+bool MusicStream::fill(FrameSource& source) {
     const std::uint64_t w = write_.load(std::memory_order_relaxed);
     const std::uint64_t free = kRingFrames - (w - read_.load(std::memory_order_acquire));
-    const std::size_t count =
-        std::min<std::size_t>(static_cast<std::size_t>(free), s.pending.size() / 2 - s.pendingPos);
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t at = static_cast<std::size_t>((w + i) % kRingFrames);
-        ring_[2 * at] = s.pending[2 * (s.pendingPos + i)];
-        ring_[2 * at + 1] = s.pending[2 * (s.pendingPos + i) + 1];
+    const int want = static_cast<int>(std::min<std::uint64_t>(free, kPieceFrames));
+    const int got = source.read(piece_.data(), want);
+    if (got <= 0) {
+        return false;
     }
-    s.pendingPos += count;
-    write_.store(w + count, std::memory_order_release);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(got); ++i) {
+        const std::size_t at = static_cast<std::size_t>((w + i) % kRingFrames);
+        ring_[2 * at] = piece_[2 * i];
+        ring_[2 * at + 1] = piece_[2 * i + 1];
+    }
+    write_.store(w + static_cast<std::uint64_t>(got), std::memory_order_release);
     return true;
 }
 

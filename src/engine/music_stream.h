@@ -14,8 +14,28 @@
 
 namespace brevane {
 
-// What the music players need of a playback layer: one file at a time, its position,
+// Where the bus's music comes from: an open file, or a disc read sector by sector.
+//
+// Thread: made on the interface thread (duration() is asked there, once, before the
+// hand-over); from setSource on, only the bus's decoder thread uses it, and destroys it.
+// So read and seek may block on a disk or a drive: never on the mixing thread.
+class FrameSource {
+  public:
+    virtual ~FrameSource() = default;
+    // Length in seconds; 0 when unknown.
+    virtual double duration() const = 0;
+    // Up to `frames` interleaved stereo frames at the mix rate into `out`; 0 only at the
+    // end (or on a read error that ends the music there).
+    virtual int read(float* out, int frames) = 0;
+    // Moves to `seconds` from the start, so that the next read begins there; false when
+    // the source cannot move (reads then go on from the start of what it can).
+    virtual bool seek(double seconds) = 0;
+};
+
+// What the music players need of a playback layer: one source at a time, its position,
 // its length, a pause, a volume in hundredths of a decibel and the news that it ended.
+// The MP3 and CD players share it: the last to load it holds it, and each knows by
+// sourceSerial() whether it still does.
 //
 // Thread: every member on the interface thread.
 class MediaPlayer {
@@ -24,6 +44,10 @@ class MediaPlayer {
     // Opens the file, paused at its start; false (and nothing playing) when it does not
     // open as sound. Any container and codec FFmpeg reads.
     virtual bool setFile(const std::filesystem::path& file) = 0;
+    // Takes `source` in place of what played, paused at its start.
+    virtual void setSource(std::unique_ptr<FrameSource> source) = 0;
+    // Changes with every setFile, setSource and clear.
+    virtual std::uint64_t sourceSerial() const = 0;
     // Stops and forgets the file.
     virtual void clear() = 0;
     virtual void play() = 0;
@@ -42,8 +66,9 @@ class MediaPlayer {
     virtual bool takeEnded() = 0;
 };
 
-// The engine's music bus. A decoder thread reads the file with FFmpeg, resamples it to
-// stereo at the mix rate and fills a lock-free ring of a few seconds; the mixing thread
+// The engine's music bus. A decoder thread reads the source (a file through FFmpeg,
+// resampled to stereo at the mix rate, or a disc) and fills a lock-free ring of a few
+// seconds; the mixing thread
 // adds the ring's frames to the mix after the effects, before the output stage. A file
 // of any length costs the ring and the decoder's own buffers, a few megabytes.
 //
@@ -61,6 +86,8 @@ class MusicStream final : public MediaPlayer {
     MusicStream& operator=(const MusicStream&) = delete;
 
     bool setFile(const std::filesystem::path& file) override;
+    void setSource(std::unique_ptr<FrameSource> source) override;
+    std::uint64_t sourceSerial() const override { return serial_; }
     void clear() override;
     void play() override;
     void pause() override;
@@ -81,8 +108,6 @@ class MusicStream final : public MediaPlayer {
     // Mixing thread: adds `frames` interleaved stereo frames of music to `out`.
     void mixInto(float* out, int frames);
 
-    struct Source;
-
   private:
     // Where the ring's content changes meaning: a new file or a seek starts at `index`
     // with the frame `firstFrame` of the file; or the file ends at `index`.
@@ -90,14 +115,14 @@ class MusicStream final : public MediaPlayer {
         std::uint64_t index = 0;
         std::int64_t firstFrame = 0;
         bool end = false;
-        bool live = false;  // a start with a file behind it
+        bool live = false;  // a start with a source behind it
         // The change of the interface thread that the start answers.
         std::uint32_t epoch = 0;
     };
 
     void run();
-    // Decoder thread: decodes and writes one piece; false at the end of the file.
-    bool fill(Source& source);
+    // Decoder thread: reads and writes one piece; false at the end of the source.
+    bool fill(FrameSource& source);
     void startEpoch(std::int64_t firstFrame, bool live);
     // Mixing thread: takes the decoder's marks; returns the read index, past what a
     // newer start leaves unheard.
@@ -136,12 +161,13 @@ class MusicStream final : public MediaPlayer {
     std::uint32_t requested_ = 0;
     std::int64_t requestedFrame_ = -1;
     bool endTaken_ = true;
+    std::uint64_t serial_ = 0;
 
     // Between the interface thread and the decoder thread.
     std::mutex mutex_;
     std::condition_variable wake_;    // a change for the decoder
     std::condition_variable filled_;  // the decoder wrote or took up a change
-    std::unique_ptr<Source> incoming_;
+    std::unique_ptr<FrameSource> incoming_;
     bool replace_ = false;
     bool seek_ = false;
     double seekTo_ = 0.0;
@@ -150,6 +176,9 @@ class MusicStream final : public MediaPlayer {
     bool atEnd_ = false;
     bool hasSource_ = false;
     std::uint64_t epochStart_ = 0;
+
+    // Decoder-thread state: the piece being read, allocated once.
+    std::vector<float> piece_;
 
     std::thread thread_;  // last: started once everything above is built
 };

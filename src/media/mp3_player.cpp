@@ -16,10 +16,23 @@ namespace brevane {
 
 namespace fs = std::filesystem;
 
-int mp3ControlVolume(int hscroll, int mix) {
-    if (mix <= 0) {
+namespace {
+
+// The top of the console's MP3 group.
+constexpr int kMp3GroupTop = 5000;
+
+}  // namespace
+
+int mp3ControlVolume(int hscroll, int groupValue) {
+    // The law's mix is a percentage, but the console's MP3 group runs to 5000 and
+    // mirrors hscroll1: read as it stands, any value past about 707 on both would put
+    // the bus at full level, and the top 85 % of the slider would do nothing. Read as
+    // a share of the group's range the law is smooth over the whole slider, and its
+    // two fixed points hold (hscroll1 5000 at a mix of 100 % is full, at 50 % -25 dB).
+    if (groupValue <= 0) {
         return -10000;
     }
+    const double mix = groupValue * 100.0 / kMp3GroupTop;
     const double volume = hscroll / (100.0 / mix) - 5000.0;
     return static_cast<int>(std::clamp(std::lround(volume), -10000L, 0L));
 }
@@ -253,7 +266,7 @@ Frmmainmp3::Frmmainmp3(Application& app)
     lblTime.setCaption("00:00");
     lblTime.watch([this] { LCD1.setLine(3, lblTime.caption()); });
     Slider1.onChange = [this] {
-        if (MediaPlayer* p = player()) {
+        if (MediaPlayer* p = player(); p != nullptr && !following_ && holdsBus()) {
             p->setPosition(Slider1.value());
         }
     };
@@ -268,11 +281,11 @@ Frmmainmp3::Frmmainmp3(Application& app)
     Timer1.onTick = [this] { tick(); };
     watch.onTick = [this] {
         MediaPlayer* p = player();
-        if (p != nullptr && p->takeEnded()) {
+        if (p != nullptr && holdsBus() && p->takeEnded()) {
             trackEnded();
         }
-        // Asked only while something plays: a player left alone wakes nothing for hours.
-        if (p == nullptr || !p->playing()) {
+        // Asked only while it plays: a player left alone wakes nothing for hours.
+        if (p == nullptr || !holdsBus() || !p->playing()) {
             watch.setEnabled(false);
         }
     };
@@ -280,6 +293,11 @@ Frmmainmp3::Frmmainmp3(Application& app)
 
 MediaPlayer* Frmmainmp3::player() const {
     return app_.engine.mediaPlayer();
+}
+
+bool Frmmainmp3::holdsBus() const {
+    const MediaPlayer* p = player();
+    return p != nullptr && p->sourceSerial() == busSerial_;
 }
 
 void Frmmainmp3::load() {
@@ -308,7 +326,7 @@ void Frmmainmp3::open() {
 }
 
 void Frmmainmp3::applyVolume() {
-    if (MediaPlayer* p = player()) {
+    if (MediaPlayer* p = player(); p != nullptr && holdsBus()) {
         p->setVolume(mp3ControlVolume(hscroll1.value(), app_.frmmain.MP3.value()));
     }
 }
@@ -316,7 +334,6 @@ void Frmmainmp3::applyVolume() {
 void Frmmainmp3::play() {
     Timer1.setEnabled(true);
     watch.setEnabled(true);
-    applyVolume();
     ListBox& shown = frmList.List1;
     if (shown.listIndex() < 0) {
         shown.setListIndex(0);
@@ -327,9 +344,11 @@ void Frmmainmp3::play() {
         showName(kNoTrackText);
         return;
     }
-    if (Text1.text() != path) {
+    // The same file again resumes it, unless the CD player has had the bus since.
+    if (Text1.text() != path || !holdsBus()) {
         setFile();
     }
+    applyVolume();
     showName(shown.item(shown.listIndex()));
     takeDuration();
     if (MediaPlayer* p = player()) {
@@ -338,7 +357,7 @@ void Frmmainmp3::play() {
 }
 
 void Frmmainmp3::pause() {
-    if (MediaPlayer* p = player()) {
+    if (MediaPlayer* p = player(); p != nullptr && holdsBus()) {
         p->pause();
     }
 }
@@ -351,10 +370,15 @@ bool Frmmainmp3::setFile() {
         return true;
     }
     if (path.empty()) {
-        p->clear();
+        if (holdsBus()) {
+            p->clear();
+        }
+        busSerial_ = p->sourceSerial();
         return true;
     }
-    return p->setFile(path);
+    const bool opened = p->setFile(path);
+    busSerial_ = p->sourceSerial();
+    return opened;
 }
 
 void Frmmainmp3::showName(const std::string& name) {
@@ -411,6 +435,7 @@ void Frmmainmp3::trackEnded() {
         return;
     }
     if (optrnd.checked()) {
+        reseed();
         const int index = std::min(count - 1, static_cast<int>(app_.random.next() * count));
         shown.setListIndex(index);
         paths.setListIndex(index);
@@ -442,13 +467,23 @@ void Frmmainmp3::trackEnded() {
     }
 }
 
+void Frmmainmp3::reseed() {
+    const LocalTime t = app_.loop.localTime();
+    const std::int64_t secondOfDay = (t.hour * 60 + t.minute) * 60 + t.second;
+    app_.random.seed(static_cast<std::uint64_t>(secondOfDay * 1000 + app_.loop.now() % 1000));
+}
+
 void Frmmainmp3::tick() {
     const MediaPlayer* p = player();
-    if (p == nullptr) {
+    if (p == nullptr || !holdsBus()) {
         return;
     }
     TxtTime.setText(mp3TimeText(p->position()) + " / " + mp3TimeText(p->duration()));
     lblTime.setCaption(TxtTime.text());
+    // The slider follows the play position; moved this way it does not seek.
+    following_ = true;
+    Slider1.setValue(static_cast<int>(std::max(0.0, p->position())));
+    following_ = false;
 }
 
 void FrmList::docolors() {

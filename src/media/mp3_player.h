@@ -13,6 +13,7 @@
 // Not thread-safe: the panels live on the event thread. The end of a track reaches the
 // player through its watch timer, which asks the bus whether it ended while a track plays.
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,9 +30,10 @@ namespace brevane {
 class Application;
 class MediaPlayer;
 
-// The player's volume in hundredths of a decibel: hscroll1 / (100 / mix) - 5000, mix
-// being the console's MP3 group. Held to the bus's range; a mix of 0 is silence.
-int mp3ControlVolume(int hscroll, int mix);
+// The player's volume in hundredths of a decibel: hscroll1 / (100 / mix) - 5000, where
+// mix is the console's MP3 group as a percentage of its range (its 0 to 5000 read as 0
+// to 100 %). Held to the bus's range; a group at 0 is silence.
+int mp3ControlVolume(int hscroll, int groupValue);
 // "m:ss" as the time display writes it: whole minutes, then ":0" and seconds under 10 or
 // ":" and the seconds. A position of exactly -1 shows 0 seconds.
 std::string mp3TimeText(double seconds);
@@ -180,6 +182,8 @@ class Frmmainmp3 {
     // Timer1: the time display.
     void tick();
     void applyVolume();
+    // Whether the music bus plays this player's file (the CD player may have taken it).
+    bool holdsBus() const;
 
     // Sets the player's file to List2's selected path; false when it does not open.
     bool setFile();
@@ -191,7 +195,12 @@ class Frmmainmp3 {
   private:
     void step(int by);
     MediaPlayer* player() const;
+    // The random draw at a track's end starts from a seed taken from the loop's clock.
+    void reseed();
     Application& app_;
+    std::uint64_t busSerial_ = 0;
+    // Timer1 is moving the position slider to where play stands: no seek.
+    bool following_ = false;
 };
 
 }  // namespace brevane

@@ -36,7 +36,8 @@ class AppHarness {
             app = std::make_unique<Application>(
                 Platform{AppPath(tree.root()), engine, loop, dialogs, settings, random, nullptr,
                          unavailableProgramLauncher(), unavailableDesktopServices(),
-                         power != nullptr ? *power : unavailableSystemPower()});
+                         power != nullptr ? *power : unavailableSystemPower(),
+                         cdDrives != nullptr ? *cdDrives : noCdDrives()});
             app->onExit = [this](ExitKind kind) { exits.push_back(kind); };
         }
         return *app;
@@ -74,6 +75,8 @@ class AppHarness {
     brevane::Random random;
     // The machine's power as the Application sees it; set before build() to record.
     SystemPower* power = nullptr;
+    // The CD drives the CD player finds; set before build(). None by default.
+    CdDrives* cdDrives = nullptr;
     std::unique_ptr<Application> app;
     std::vector<ExitKind> exits;
 };

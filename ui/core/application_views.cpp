@@ -18,6 +18,7 @@
 #include "ui/core/tips_view.h"
 #include "ui/core/tray_view.h"
 #include "ui/fx/effects_view.h"
+#include "ui/media/cd_view.h"
 #include "ui/media/mp3_view.h"
 #include "ui/scenarios/export_view.h"
 #include "ui/scenarios/import_view.h"
@@ -85,6 +86,7 @@ ApplicationViews::ApplicationViews(Application& app) : app_(app) {
     add(app.frmmainmp3.frmList.window, std::move(list));
     add(app.frmmainmp3.Formmp3adddir.window,
         std::make_unique<Mp3FolderView>(app.frmmainmp3.Formmp3adddir));
+    add(app.frmcd.window, std::make_unique<CdView>(app.frmcd));
     add(app.Alarm.window, std::make_unique<AlarmView>(app.Alarm));
     add(app.Timers.window, std::make_unique<SchedulerView>(app.Timers));
     add(app.frmaddscenariodirectory.window,
