@@ -147,13 +147,18 @@ void Frmremote2::refresh() {
     mp3Caption.setCaption(track.empty() ? std::string(kNoMp3) : track);
     muteButton.setValue(console.muted());
 
-    const std::string chosen = scenarios.listIndex() >= 0 ? scenarios.item(scenarios.listIndex())
-                                                          : app_.CurrentScenarioName;
-    scenarios.clear();
-    for (const std::string& name : console.scenarioList.items()) {
-        scenarios.addItem(name);
-        if (name == chosen) {
-            scenarios.setListIndex(scenarios.count() - 1);
+    // The list is written again only when the console's has changed, so a refresh keeps
+    // the user's choice in it.
+    if (scenarios.items() != console.scenarioList.items()) {
+        const std::string chosen = scenarios.listIndex() >= 0
+                                       ? scenarios.item(scenarios.listIndex())
+                                       : app_.CurrentScenarioName;
+        scenarios.clear();
+        for (const std::string& name : console.scenarioList.items()) {
+            scenarios.addItem(name);
+            if (name == chosen) {
+                scenarios.setListIndex(scenarios.count() - 1);
+            }
         }
     }
     for (int p = 0; p < kPresetButtons; ++p) {
